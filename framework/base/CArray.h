@@ -1,0 +1,151 @@
+#pragma once
+
+#include "framework/base/Exceptions.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <utility>
+
+/// A growable array of whole records that are relocated as raw bytes, never copied, when they move. Its free room is
+/// kept as a gap at the place of the last insertion or removal, so that work at one place of a long array moves only
+/// what lies between that place and the last one.
+///
+/// A record type must be relocatable (its bytes may be moved by memcpy, the old place then counting as never built)
+/// and its default construction must not fail. Sizes and indexes are signed 64 bits; a bad index raises
+/// CInvalidArgException; running out of memory raises std::bad_alloc and changes nothing.
+template <typename TYPE, typename ARG_TYPE = const TYPE&>
+class CArray {
+public:
+    using index = std::int64_t;
+
+    CArray() noexcept = default;
+    CArray(const CArray&) = delete;
+    CArray& operator=(const CArray&) = delete;
+    ~CArray() { RemoveAll(); }
+
+    [[nodiscard]] index GetSize() const noexcept { return m_size; }
+    [[nodiscard]] index GetCapacity() const noexcept { return m_capacity; }
+    [[nodiscard]] bool IsEmpty() const noexcept { return m_size == 0; }
+
+    [[nodiscard]] TYPE& operator[](index i) { return *At(i); }
+    [[nodiscard]] const TYPE& operator[](index i) const { return *At(i); }
+
+    void Add(ARG_TYPE record) { InsertAt(m_size, 1)[0] = record; }
+
+    /// Makes room for `total` records in all by the growth rule, so that the insertions that follow allocate nothing.
+    void Reserve(index total)
+    {
+        if (total > m_capacity)
+            Grow(total);
+    }
+
+    /// Inserts `count` default-built records before `at` (0 to the size).
+    /// @return the first of them; they stand in one block
+    TYPE* InsertAt(index at, index count = 1)
+    {
+        if (at < 0 || at > m_size || count < 0)
+            ThrowInvalidArgException();
+        Reserve(m_size + count);
+        MoveGapTo(at);
+        TYPE* first = m_data + at;
+        std::uninitialized_default_construct_n(first, count);
+        m_gap = at + count;
+        m_size += count;
+        return first;
+    }
+
+    void RemoveAt(index at, index count = 1)
+    {
+        if (at < 0 || count < 0 || count > m_size - at)
+            ThrowInvalidArgException();
+        MoveGapTo(at);
+        std::destroy_n(m_data + at + GapLength(), count);
+        m_size -= count;
+    }
+
+    /// Removes `count` records from `at` on and hands them to `to`, which must be another array: they are appended
+    /// there as raw blocks. Nothing is copied and, once `to` has room, nothing can fail.
+    void MoveOut(index at, index count, CArray& to)
+    {
+        if (at < 0 || count < 0 || count > m_size - at || &to == this)
+            ThrowInvalidArgException();
+        to.Reserve(to.m_size + count);
+        to.MoveGapTo(to.m_size);
+        MoveGapTo(at);
+        Relocate(to.m_data + to.m_size, m_data + at + GapLength(), count);
+        m_size -= count;
+        to.m_size += count;
+        to.m_gap = to.m_size;
+    }
+
+    /// Inserts all records of `from` before `at` and leaves `from` empty: the reverse of MoveOut.
+    void MoveIn(index at, CArray& from)
+    {
+        if (at < 0 || at > m_size || &from == this)
+            ThrowInvalidArgException();
+        const index count = from.m_size;
+        Reserve(m_size + count);
+        MoveGapTo(at);
+        from.MoveGapTo(count);
+        Relocate(m_data + at, from.m_data, count);
+        m_gap = at + count;
+        m_size += count;
+        from.m_size = 0;
+        from.m_gap = 0;
+    }
+
+    void RemoveAll() noexcept
+    {
+        std::destroy_n(m_data, m_gap);
+        std::destroy_n(m_data + m_gap + GapLength(), m_size - m_gap);
+        ::operator delete(m_data);
+        m_data = nullptr;
+        m_size = m_capacity = m_gap = 0;
+    }
+
+private:
+    [[nodiscard]] index GapLength() const noexcept { return m_capacity - m_size; }
+
+    [[nodiscard]] TYPE* At(index i) const
+    {
+        if (i < 0 || i >= m_size) [[unlikely]]
+            ThrowInvalidArgException();
+        return m_data + (i < m_gap ? i : i + GapLength());
+    }
+
+    static void Relocate(TYPE* to, const TYPE* from, index count) noexcept
+    {
+        if (count > 0)
+            std::memmove(static_cast<void*>(to), static_cast<const void*>(from), static_cast<std::size_t>(count) * sizeof(TYPE));
+    }
+
+    void MoveGapTo(index at) noexcept
+    {
+        if (at < m_gap)
+            Relocate(m_data + at + GapLength(), m_data + at, m_gap - at);
+        else if (at > m_gap)
+            Relocate(m_data + m_gap, m_data + m_gap + GapLength(), at - m_gap);
+        m_gap = at;
+    }
+
+    // The growth is fixed: an eighth of the size, at least 4 and at most 1024 records; the first block is exact.
+    void Grow(index wanted)
+    {
+        const index step = std::clamp<index>(m_size / 8, 4, 1024);
+        const index capacity = m_capacity == 0 ? wanted : std::max(wanted, m_capacity + step);
+        auto* data = static_cast<TYPE*>(::operator new(static_cast<std::size_t>(capacity) * sizeof(TYPE)));
+        const index tail = m_size - m_gap;
+        Relocate(data, m_data, m_gap);
+        Relocate(data + capacity - tail, m_data + m_gap + GapLength(), tail);
+        ::operator delete(m_data);
+        m_data = data;
+        m_capacity = capacity;
+    }
+
+    TYPE* m_data = nullptr;
+    index m_size = 0;
+    index m_capacity = 0;
+    index m_gap = 0;  // the free room stands before the record of this index
+};
