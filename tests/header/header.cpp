@@ -1,0 +1,5 @@
+#include "scrivctl3.h"
+
+#include <stddef.h>
+
+#include "layout.inc"

@@ -1,0 +1,9 @@
+// A host that packs its own records tightly still agrees with the control.
+#pragma pack(push, 1)
+#include "scrivctl3.h"
+
+#include <stddef.h>
+
+#include "layout.inc"
+SAME(hostPackingIsBack, sizeof(struct { char c; int i; }) == 5);
+#pragma pack(pop)
