@@ -2,6 +2,7 @@
 
 #include "appearance/AttribData.h"
 #include "framework/win/Handles.h"
+#include "store/Positions.h"
 
 #include <array>
 
