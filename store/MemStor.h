@@ -12,6 +12,9 @@ class CDC;
 class CWnd;
 class xTAttribTable;
 struct xTHighlightHook;
+namespace zsl {
+class text_encoding;
+}
 
 /// The document of one control: its lines, the caret, the selection and the validity of the comment marks. It stands
 /// with no window and no device context at all; `wnd` and `attribs` may be null. The operations that draw and measure
@@ -31,21 +34,30 @@ public:
 
     // Text in and out
     void reset();
-    /// Replaces the text. `text` is read up to its terminator; `length` says only whether there is a text.
+    /// Replaces the text. `text` is read up to its terminator; `length` says only whether there is a text, so a caller
+    /// need not count it.
     bool load_text(const WCHAR* text, std::int32_t length);
     /// @param encoding an API code, 0 to 5 @return false when the file could not be written; it is then as it was
     bool save_file(const WCHAR* path, std::uint32_t encoding);
+    /// The same with an encoding that carries what is known of the file, such as its line ends.
+    bool save_file(const WCHAR* path, const zsl::text_encoding& encoding);
+    /// Takes over the lines with their marks, the caret and the execution point; the selection stays.
     void copy_from(const xTMemStorage& other);
 
     // Selection
     [[nodiscard]] bool has_selection() const noexcept { return first() != xTPos::none && last() != xTPos::none; }
     [[nodiscard]] const xTPos& first() const noexcept { return selection.first; }
     [[nodiscard]] const xTPos& last() const noexcept { return selection.last; }
-    void drop_selection();
-    void drop_anchor();
+    void drop_selection();  ///< all three positions; the window is repainted when there was a selection
+    void drop_anchor();     ///< drops the selection and puts the anchor on the caret
+    /// `last` is clipped to the end of the text. @return the length of `text`
     std::int32_t selected_text(CString& text);
+    /// @param b the place behind the selection; the two may come in either order
     void select_range(const xTPos& a, const xTPos& b);
-    void clear_selection();
+    void clear_selection();  ///< both bounds; nothing at all without a selection
+    /// Sets the selection marks on the copy of a line that is about to be drawn. An empty line within the selection
+    /// loses its flags on the copy.
+    void mark_selection(xTExtString& copy, std::int32_t line);
 
     // Reading and moving (positions in characters)
     [[nodiscard]] std::int32_t line_count() const noexcept { return static_cast<std::int32_t>(lines.GetSize()); }
@@ -85,8 +97,12 @@ public:
     [[nodiscard]] std::int32_t snapshot_old_line(std::int32_t line) const;
 
     // Block comment marks
+    /// Rebuilds the marks and shows them; nothing while `comments_valid` is true.
     void rescan_comments();
+    /// Looks for a comment that opens at or behind the column before `from`.
+    /// @param end the place behind it; the start of the line behind the text when nothing closes it
     bool FindBlockComment(const xTPos& from, xTPos& start, xTPos& end) const;
+    /// Marks from `start` up to, not including, `end`, which is cut to the end of the text.
     void MarkCommentRange(const xTPos& start, xTPos end);
     void MarkCommentLine(std::int32_t line, bool on);
 
@@ -107,5 +123,13 @@ public:
     xTSelection selection;
 
 private:
-    void mark_selection(xTExtString& copy, std::int32_t line);
+    [[nodiscard]] bool has_line(std::int32_t line) const noexcept { return line >= 0 && line < line_count(); }
+    void cut_lines(WStrView text, std::int64_t count);
+    void put_on_line(xTPos& pos, std::int32_t line) const;
+    [[nodiscard]] CString piece_of_line(const xTPos& from, std::int32_t last) const;
+    [[nodiscard]] CString joined_lines(const xTPos& from, const xTPos& to) const;
+    void finish_rescan();
+    [[nodiscard]] std::int32_t opening_in_line(const xTPos& at) const;
+    [[nodiscard]] xTPos closing_behind(xTPos at) const;
+    void mark_range(const xTPos& start, const xTPos& behind);
 };

@@ -37,8 +37,11 @@ public:
     xTExtString& operator=(xTExtString&&) noexcept = default;
     ~xTExtString() = default;
 
-    /// Assignment of lines always goes through here.
+    /// Assignment of lines always goes through here. A failure is reported and leaves the rest of the fields as they were.
     void copy_data(const xTExtString& other) noexcept;
+    /// Report the exception in flight, as `copy_data` and `GetAt` do. The first ends its life where it is a framework one.
+    static void ReportCopyFailure() noexcept;
+    static void ReportReadFailure(std::int32_t ind, std::int32_t length) noexcept;
     void Clear() noexcept;
 
     [[nodiscard]] std::int32_t GetLength() const noexcept { return m_text.GetLength(); }
@@ -53,8 +56,11 @@ public:
     /// @param count -1 means to the end of the line
     /// @return the new length, 0 after a failure
     std::int32_t DeleteSubString(std::int32_t pos, std::int32_t count) noexcept;
+    /// @param spaces what each tab becomes; with a tab in it nothing is replaced
     /// @return how many tabs there were
     std::int32_t ReplaceTabs(WStrView spaces);
+    /// Head and tail of the line, cut to it. The head keeps all flags, the tail only that it holds a comment; neither has
+    /// a snapshot number.
     [[nodiscard]] xTExtString LeftPart(std::int32_t count) const;
     [[nodiscard]] xTExtString RightPart(std::int32_t from) const;
 
@@ -65,13 +71,18 @@ public:
     void UnmarkSelected(std::int32_t ind);
     [[nodiscard]] bool IsSelected(std::int32_t ind) const;
     void UnmarkAllSelected();
+    /// Marks the characters from `from` up to, not including, `to`; both are cut to the line.
+    void MarkSelectedRun(std::int32_t from, std::int32_t to);
     void MarkAllComment();
     void UnmarkAllComment();
+    /// Marks the characters from `from` up to, not including, `to`, both cut to the line, and says of the whole line that
+    /// it holds a comment and whether it begins inside one.
     void MarkCommentRun(std::int32_t from, std::int32_t to, bool startsInside);
     /// Adds bit 16 to each word of `mask` whose character lies in a block comment.
     /// @return true when there was at least one
     bool CommentMask(std::uint32_t* mask, std::int32_t count) const;
 
+    /// Where the word-wise caret keys stop; `pos` may lie outside the line.
     [[nodiscard]] std::int32_t NextWordStop(std::int32_t pos, bool forward) const;
     /// The half-open span of the word at `pos`; a delimiter is a word of one character.
     bool WordBounds(std::int32_t pos, std::int32_t* first, std::int32_t* last) const;
