@@ -1,0 +1,78 @@
+#include "api/Caret.h"
+
+#include "framework/win/CWnd.h"
+
+HWND xTCaret::OwnerWindow() const noexcept
+{
+    return m_owner ? m_owner->GetSafeHwnd() : nullptr;
+}
+
+void xTCaret::Create(const POINT* position) noexcept
+{
+    if (!HasFocus() || m_created)
+        return;
+    m_created = ::CreateCaret(OwnerWindow(), nullptr, m_width, m_height) != 0;
+    m_known = false;
+    if (!m_created)
+        return;
+    if (position)
+        MoveTo(*position);
+    ::ShowCaret(OwnerWindow());
+}
+
+void xTCaret::Destroy() noexcept
+{
+    if (!m_created)
+        return;
+    m_created = false;
+    m_known = false;
+    ::HideCaret(OwnerWindow());  // a failure changes nothing: the caret goes anyway
+    ::SetCaretPos(0, 0);
+    ::DestroyCaret();
+}
+
+void xTCaret::SetHeight(int height) noexcept
+{
+    if (!HasFocus() || height == m_height)
+        return;
+    m_height = height;
+    Recreate();
+}
+
+// A caret that lost its state, for instance because another window made one, comes back shown, whatever was asked for.
+void xTCaret::Show() noexcept
+{
+    if (HasFocus() && m_created && !::ShowCaret(OwnerWindow()))
+        Recreate();
+}
+
+void xTCaret::Hide() noexcept
+{
+    if (HasFocus() && m_created && !::HideCaret(OwnerWindow()))
+        Recreate();
+}
+
+void xTCaret::Recreate() noexcept
+{
+    const POINT position = Position();
+    Destroy();
+    Create(&position);
+}
+
+POINT xTCaret::Position() const noexcept
+{
+    if (!m_created || !m_known) {
+        ::GetCaretPos(&m_position);
+        m_known = m_created;
+    }
+    return m_position;
+}
+
+void xTCaret::MoveTo(POINT position) noexcept
+{
+    if (m_created && m_known && position.x == m_position.x && position.y == m_position.y)
+        return;
+    ::SetCaretPos(position.x, position.y);
+    m_position = position;
+    m_known = m_created;
+}

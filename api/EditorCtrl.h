@@ -1,0 +1,180 @@
+#pragma once
+
+#include "api/Caret.h"
+#include "api/DragDropWnd.h"
+#include "appearance/AttribTable.h"
+#include "appearance/HighlightHook.h"
+#include "framework/win/CDC.h"
+#include "framework/win/Handles.h"
+#include "store/MemStor.h"
+#include "zsl/text_encoding.h"
+
+#include <algorithm>
+#include <memory>
+
+struct edPoint;
+
+constexpr UINT ED_DRAG_SCROLL = 0x40D;  ///< from the drop target, while a drag is over the control
+constexpr UINT ED_AFTER_PAINT = 0x40E;  ///< from the paint handler to its own window
+
+/// The window of one control and the owner of all that a control is. It lives in the host's message loop, on the thread
+/// that created it.
+class CEditorCtrl final : public xTDDWnd, public xTStoreWindow {
+public:
+    /// Pixels where there is no attribute table to tell.
+    static constexpr int fallbackLineHeight = 10;
+    static constexpr int fallbackCharWidth = 5;
+    /// The right end of the scrollable area, in pixels; lines are not measured for it.
+    static constexpr int horizontalExtent = 13000;
+
+    CEditorCtrl(const xTHighlightHook* hook, const xTSettingsBlock& settings, bool editable, std::uint32_t defaultTheme);
+
+    /// Creates the window, hidden. @return false when it cannot be created
+    bool Create(const RECT& rect, HWND parent, const WCHAR* caption) noexcept;
+
+    /// The control of a handle; null for any window that is none.
+    [[nodiscard]] static CEditorCtrl* FromHandle(HWND control) noexcept;
+
+    // Text in and out
+    bool LoadFile(const WCHAR* path, std::uint32_t* encoding);
+    bool SaveFile(const WCHAR* path, std::uint32_t encoding);
+    bool LoadTextInto(const WCHAR* text, std::uint32_t maxChars);
+    std::uint32_t SaveText(WCHAR* buffer) const;
+    bool GetLine(std::uint32_t line, bool fromSelection, WCHAR* buffer, std::uint32_t* length);
+
+    // Scrolling and caret placement. Directions: 0 up, 1 down, 2 left, 3 right; up means towards the start of the text.
+    /// @return false only at the two horizontal stops
+    bool ScrollBy(int direction, std::int32_t count);
+    void ScrollPage(int direction);
+    void UpdateScrollBars(int which);  ///< 0 horizontal, 1 vertical, 3 both
+    [[nodiscard]] std::int32_t VisibleLines() const noexcept;
+    void SetCaretPosition(std::int32_t line, std::int32_t col, std::uint32_t flags);
+    void SetScrollPosition(std::int32_t line, std::int32_t col);
+
+    /// @param code  an ED_POSITION_ code @return false when there is no such code or no such place
+    bool GetPosition(int code, edPoint* out);
+
+    // What the store asks for
+    [[nodiscard]] bool HasHandle() const override { return m_hWnd != nullptr; }
+    void Invalidate() override;
+    void InvalidateCaretLine() override;
+    void UpdateNow() override;
+    void RequestPaint() override;
+    void EnsureCaretVisible() override;
+    void MoveCaretTo(std::int32_t line, std::int32_t column, bool redraw, bool centre, bool focus) override;
+    void NotifyHost(bool changed, std::int32_t value) override;
+
+    [[nodiscard]] xTMemStorage* Store() const noexcept { return m_store.get(); }
+    [[nodiscard]] bool HasSelection() const noexcept { return m_store && m_store->has_selection(); }
+    [[nodiscard]] bool IsEditable() const noexcept { return m_editable; }
+    [[nodiscard]] bool IsOverwrite() const noexcept { return m_overwrite; }
+    [[nodiscard]] std::int32_t LeftColumn() const noexcept { return m_leftColumn; }
+    [[nodiscard]] std::int32_t TopLine() const noexcept { return m_topLine; }
+    /// Pixels, at least 1.
+    [[nodiscard]] int LineHeight() const noexcept
+    {
+        return m_attribs ? std::max<int>(m_attribs->m_charHeight, 1) : fallbackLineHeight;
+    }
+    [[nodiscard]] int CharWidth() const noexcept
+    {
+        return m_attribs ? std::max<int>(m_attribs->m_charWidth, 1) : fallbackCharWidth;
+    }
+
+private:
+    struct xTRows {
+        std::int32_t first = -1;
+        std::int32_t last = -1;
+    };
+    class xTViewWatch;
+
+    ~CEditorCtrl() override;
+    void PreCreateWindow(xTCreation& creation) override { creation.style |= 0x20; }
+    LRESULT WindowProc(const xTMessage& message) override;
+    void OnFault() noexcept override;
+    void OnUnwound() noexcept override;
+
+    // Message handlers
+    static const xTMessageRow<CEditorCtrl> messages[];
+    LRESULT OnCreate(const xTMessage& message);
+    LRESULT OnDestroy(const xTMessage& message);
+    LRESULT OnSize(const xTMessage& message);
+    LRESULT OnShowWindow(const xTMessage& message);
+    LRESULT OnPaint(const xTMessage& message);
+    LRESULT OnSetFocus(const xTMessage& message);
+    LRESULT OnKillFocus(const xTMessage& message);
+    LRESULT OnTimer(const xTMessage& message);
+    LRESULT OnVScroll(const xTMessage& message);
+    LRESULT OnHScroll(const xTMessage& message);
+    LRESULT OnMouseWheel(const xTMessage& message);
+    LRESULT OnDragScroll(const xTMessage& message);
+    LRESULT OnAfterPaint(const xTMessage& message);
+
+    // Life
+    bool MakeParts();
+    void RetireParts() noexcept;
+    void FreeIdleBitmap();
+
+    // Painting
+    void Paint();
+    void PaintRows(const xTPaintDC& target);
+    void MakePaintBitmap(HDC like, int cx, int cy);
+    void DropPaintBitmap() noexcept;
+    [[nodiscard]] xTRows RowsToDraw(const RECT& area) const noexcept;
+    [[nodiscard]] RECT ClientRect() const noexcept;
+    [[nodiscard]] RECT CaretBlockingRect() const noexcept;
+    void InvalidateRect(const RECT& area) noexcept { ::InvalidateRect(m_hWnd, &area, TRUE); }
+    void PlaceCaretImage();
+    [[nodiscard]] int DrawingOffset() const noexcept { return -m_leftColumn * CharWidth(); }
+    [[nodiscard]] int BarOffset() const noexcept;
+
+    // Scrolling
+    void ScrollUp(std::int32_t count);
+    void ScrollDown(std::int32_t count);
+    bool ScrollLeft(std::int32_t count);
+    bool ScrollRight(std::int32_t count);
+    void PageLeft();
+    void PageRight();
+    void ThumbPosition(int bar);
+    void ThumbTrack(int bar);
+    void ShiftBits(std::int64_t dx, std::int64_t dy);
+    [[nodiscard]] SCROLLINFO ReadBar(int bar) const noexcept;
+    void SetBar(int bar, SCROLLINFO info) noexcept;
+    void SetBarPosition(int bar, int position) noexcept;
+    [[nodiscard]] int CaretOutOfView(std::int32_t& count) const noexcept;
+    [[nodiscard]] std::int32_t RowOfPoint(int y) const noexcept;
+    void CaretToPoint(POINT point, bool invalidate);
+
+    void SelectBetween(const xTPos& oldCaret, const xTPos& newCaret, const xTSelection& selection, bool keep);
+    [[nodiscard]] xTPos PositionUnderMouse();
+    [[nodiscard]] POINT CaretOnScreen(bool bottom);
+    [[nodiscard]] LPARAM PackedCaret() const noexcept;
+
+    xTSettingsBlock m_settings;
+    xTHighlightHook m_highlightHook;
+    std::unique_ptr<xTMemStorage> m_store;
+    std::unique_ptr<xTAttribTable> m_attribs;
+    std::unique_ptr<CDC> m_memDC;  // all measuring and off-screen drawing goes through it
+    bool m_editable;
+    bool m_overwrite = false;
+    bool m_shown = false;
+    bool m_painting = false;
+    bool m_repaintAfterPaint = false;
+    std::int32_t m_leftColumn = 0;  // in character widths
+    std::int32_t m_topLine = 0;
+    xTBitmap m_paintBitmap;
+    HGDIOBJ m_previousBitmap = nullptr;  // what the memory context held before the paint bitmap
+    UINT_PTR m_ticker = 1;
+    UINT_PTR m_scrollTimer = 0;
+    std::uint32_t m_idleMs = 0;  // since the last paint
+    std::uint32_t m_defaultTheme;
+    POINT m_lastMousePoint{-1, -1};
+    zsl::text_encoding m_fileEncoding;  // of the file last loaded: its mark and line ends go back into a save
+    xTCaret m_caret;
+
+    // What OnDestroy takes out of use while a handler further up the stack may still be working with it.
+    struct xTRetired {
+        std::unique_ptr<CDC> memDC;
+        std::unique_ptr<xTAttribTable> attribs;
+        std::unique_ptr<xTMemStorage> store;  // declared last, freed first: it points to the table
+    } m_retired;
+};

@@ -1,0 +1,185 @@
+#include "api/EditorCtrl.h"
+
+#include "diagnostics/Guarded.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int rightEdge = 32000;  // stands for the right end of any line, in pixels
+
+}  // namespace
+
+RECT CEditorCtrl::ClientRect() const noexcept
+{
+    RECT client{};
+    ::GetClientRect(m_hWnd, &client);
+    return client;
+}
+
+// Every invalidation asks for erasing; the class has the null brush, so erasing paints nothing.
+void CEditorCtrl::Invalidate()
+{
+    ::InvalidateRect(m_hWnd, nullptr, TRUE);
+}
+
+RECT CEditorCtrl::CaretBlockingRect() const noexcept
+{
+    const POINT at = m_caret.Position();
+    return {at.x, at.y, at.x + m_caret.Width(), at.y + m_caret.Height()};
+}
+
+void CEditorCtrl::InvalidateCaretLine()
+{
+    RECT strip = CaretBlockingRect();
+    strip.left = 0;
+    strip.right = rightEdge;
+    InvalidateRect(strip);
+}
+
+// Inside a paint the repaint that the comment scan asks for comes right behind it, since the area stays invalid.
+void CEditorCtrl::UpdateNow()
+{
+    if (!m_painting)
+        ::UpdateWindow(m_hWnd);
+}
+
+void CEditorCtrl::RequestPaint()
+{
+    ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INTERNALPAINT);
+}
+
+LRESULT CEditorCtrl::OnShowWindow(const xTMessage& message)
+{
+    Guarded([&] {
+        Default(message);
+        m_shown = message.wParam != 0;
+        if (m_shown)
+            Invalidate();
+        else
+            DropPaintBitmap();
+    });
+    return 0;
+}
+
+LRESULT CEditorCtrl::OnPaint(const xTMessage& message)
+{
+    Guarded([&] {
+        m_idleMs = 0;
+        if (!m_shown) {
+            Default(message);
+            return;
+        }
+        // The hook or a message box may make the host repaint us while we paint. The bitmap is in use then: the area
+        // counts as painted, lest the host's loop spin on it, and all of it comes again behind the paint.
+        if (m_painting) {
+            ::ValidateRect(m_hWnd, nullptr);
+            m_repaintAfterPaint = true;
+            return;
+        }
+        Paint();
+    });
+    return 0;
+}
+
+void CEditorCtrl::Paint()
+{
+    m_caret.SetHeight(LineHeight());
+    m_caret.Hide();
+    if (::GetUpdateRect(m_hWnd, nullptr, FALSE)) {
+        struct xTPainting {
+            explicit xTPainting(bool& flag) : m_flag(flag) { m_flag = true; }
+            ~xTPainting() { m_flag = false; }
+            bool& m_flag;
+        } const painting(m_painting);
+        const xTPaintDC target(m_hWnd);
+        PaintRows(target);
+    }
+    m_caret.Show();
+    if (std::exchange(m_repaintAfterPaint, false))
+        Invalidate();
+    ::SendMessageW(m_hWnd, ED_AFTER_PAINT, 0, 0);
+}
+
+void CEditorCtrl::PaintRows(const xTPaintDC& target)
+{
+    const RECT& area = target.rect();
+    const xTRows rows = RowsToDraw(area);
+    if (!m_memDC)
+        return;
+    // The bitmap has the size of the screen, whatever the size of the client area, and takes the background as a whole.
+    const int cx = ::GetSystemMetrics(SM_CXSCREEN);
+    const int cy = ::GetSystemMetrics(SM_CYSCREEN);
+    MakePaintBitmap(target.get(), cx, cy);
+    if (m_attribs) {
+        m_attribs->ApplyAttr(ATTR_BACKGROUND, this, m_memDC.get());
+        m_attribs->ApplyAttr(ATTR_TEXT, this, m_memDC.get());
+    }
+    if (!m_memDC)
+        return;
+    ::PatBlt(m_memDC->m_hDC, 0, 0, cx, cy, PATCOPY);
+    if (m_store)
+        m_store->PaintLines(m_highlightHook, m_topLine, DrawingOffset(), rows.first, rows.last, this, m_memDC.get(),
+                            m_attribs.get());
+    if (!m_memDC)
+        return;  // the host destroyed the control from inside the hook
+    // Right and bottom as width and height: larger than the area, the paint context clips it.
+    ::BitBlt(target.get(), area.left, area.top, area.right, area.bottom, m_memDC->m_hDC, area.left, area.top, SRCCOPY);
+    DropPaintBitmap();
+}
+
+void CEditorCtrl::MakePaintBitmap(HDC like, int cx, int cy)
+{
+    if (m_paintBitmap)
+        return;
+    xTBitmap bitmap(::CreateCompatibleBitmap(like, cx, cy));
+    if (!bitmap) {
+        ShowMessageBox(m_hWnd, L"Слишком большой bitmap");
+        return;  // painting goes on with whatever the memory context holds
+    }
+    if (!m_memDC)
+        return;
+    m_previousBitmap = ::SelectObject(m_memDC->m_hDC, bitmap.get());
+    m_paintBitmap = std::move(bitmap);
+}
+
+void CEditorCtrl::DropPaintBitmap() noexcept
+{
+    if (!m_paintBitmap || !m_memDC)
+        return;
+    ::SelectObject(m_memDC->m_hDC, m_previousBitmap);
+    m_previousBitmap = nullptr;
+    m_paintBitmap.reset();
+}
+
+// Only whole rows are drawn: the partial one at the bottom shows the background.
+CEditorCtrl::xTRows CEditorCtrl::RowsToDraw(const RECT& area) const noexcept
+{
+    const int height = LineHeight();
+    const std::int32_t count = VisibleLines();
+    if (area.bottom <= area.top || area.top >= count * height)
+        return {};
+    return {std::max<std::int32_t>(area.top / height, 0), std::min<std::int32_t>((area.bottom - 1) / height, count - 1)};
+}
+
+LRESULT CEditorCtrl::OnAfterPaint(const xTMessage&)
+{
+    Guarded([&] {
+        PlaceCaretImage();
+        UpdateScrollBars(3);
+    });
+    return 0;
+}
+
+int CEditorCtrl::BarOffset() const noexcept
+{
+    return -(ReadBar(SB_HORZ).nPos / CharWidth() * CharWidth());
+}
+
+void CEditorCtrl::PlaceCaretImage()
+{
+    if (!m_store || ::GetFocus() != m_hWnd)
+        return;
+    m_caret.MoveTo(
+        m_store->caret_pixel(m_highlightHook, m_topLine, this, m_memDC.get(), m_attribs.get(), BarOffset()));
+}

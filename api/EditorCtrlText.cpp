@@ -1,0 +1,104 @@
+#include "api/EditorCtrl.h"
+
+#include "zsl/text_file_stream.h"
+
+#include <algorithm>
+#include <cwchar>
+
+bool CEditorCtrl::LoadFile(const WCHAR* path, std::uint32_t* encoding)
+{
+    if (!path || !m_hWnd)
+        return false;
+    const zsl::text_encoding wanted = encoding ? zsl::encoding_of_code(*encoding) : zsl::text_encoding();
+    zsl::text_file_stream stream(path, zsl::file_stream_mode::read, wanted);
+    if (!stream.is_open()) {
+        stream.close();
+        ShowMessageBox(m_hWnd, L"Невозможно открыть указанный файл");
+        return false;
+    }
+    const zsl::text_encoding found = stream.get_encoding();
+    if (encoding)
+        *encoding = zsl::code_of_encoding(found);
+    WString text;
+    stream.read_solid_text(text);
+    stream.close();
+    m_fileEncoding = found;
+    // An empty file leaves the old text in the control: required behaviour.
+    if (!text.empty())
+        LoadTextInto(text.c_str(), static_cast<std::uint32_t>(text.size()));
+    return true;
+}
+
+bool CEditorCtrl::SaveFile(const WCHAR* path, std::uint32_t encoding)
+{
+    if (!m_store)
+        return false;
+    // What the file had besides its characters goes back into it, as long as its character set stays.
+    return m_store->save_file(path, zsl::encoding_of_code(encoding).as_before(m_fileEncoding));
+}
+
+bool CEditorCtrl::LoadTextInto(const WCHAR* text, std::uint32_t maxChars)
+{
+    if (!m_store)
+        return false;
+    // The lesser of `maxChars` and the text's length is tested for zero and for nothing else, so the first character
+    // tells as much as the length.
+    const bool hasText = text && *text && maxChars != 0;
+    m_store->load_text(text, hasText ? 1 : 0);
+    UpdateScrollBars(3);
+    if (m_store && m_store->has_selection()) {
+        m_store->selection.first = m_store->selection.last = xTPos::none;
+        Invalidate();
+    }
+    Invalidate();
+    UpdateNow();
+    return true;
+}
+
+std::uint32_t CEditorCtrl::SaveText(WCHAR* buffer) const
+{
+    if (!m_store)
+        return 0;
+    const std::int32_t count = m_store->line_count();
+    std::uint64_t length = 0;
+    for (std::int32_t i = 0; i < count; ++i)
+        length += static_cast<std::uint64_t>(m_store->lines[i].GetLength()) + 1;
+    // The last line feed goes, but a text that is one empty line stays as one line feed.
+    if (length > 1)
+        --length;
+    if (buffer) {
+        WCHAR* to = buffer;
+        for (std::int32_t i = 0; i < count; ++i) {
+            const CString& line = m_store->lines[i].m_text;
+            to = std::copy_n(line.c_str(), line.GetLength(), to);
+            *to++ = L'\n';  // behind the last line this is where the terminator comes, there being room for it
+        }
+        buffer[length] = 0;
+    }
+    return static_cast<std::uint32_t>(length + 1);
+}
+
+bool CEditorCtrl::GetLine(std::uint32_t line, bool fromSelection, WCHAR* buffer, std::uint32_t* length)
+{
+    if (!length)
+        return false;
+    CString text;
+    if (m_store && fromSelection && m_store->has_selection()) {
+        m_store->selected_text(text);
+        text.Replace(L"\n", L"\r\n");
+    } else if (m_store) {
+        xTExtString record;
+        m_store->get_line(static_cast<std::int32_t>(line), record);
+        text = record.m_text;
+    }
+    const auto size = static_cast<std::uint32_t>(text.GetLength()) + 1;
+    if (buffer && *length >= size) {
+        *length = size;
+        std::wmemcpy(buffer, text.c_str(), size);
+        return true;
+    }
+    if (*length != 0 && buffer)
+        *buffer = 0;
+    *length = size;
+    return false;
+}
