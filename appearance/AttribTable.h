@@ -1,6 +1,7 @@
 #pragma once
 
 #include "appearance/AttribData.h"
+#include "diagnostics/ExceptSettings.h"
 #include "framework/win/Handles.h"
 #include "store/Positions.h"
 
@@ -17,11 +18,8 @@ class xTMemStorage;
 /// the fonts are rebuilt; no exception leaves an operation of this class except from `add_font` and `_MakeFontSelect`.
 class xTAttribTable final : public xTAttribData {
 public:
-    /// A font failure: shown to the user, not logged. Both texts are literals.
-    struct xTExceptSettings {
-        const WCHAR* message;
-        const WCHAR* place;
-    };
+    /// A font failure: shown to the user, not logged.
+    using xTExceptSettings = ::xTExceptSettings;
 
     static constexpr DWORD fontKeys = 8;
 
@@ -89,6 +87,7 @@ private:
     };
 
     bool BuildFonts(LOGFONTW* lf, CDC* dc);
+    void Measure(HDC dc) noexcept;
     void Recover(const xTExceptSettings& e, CDC* dc);
     void SelectTemporaryFont(CDC* dc);
     void DropDisplaced(HGDIOBJ font) noexcept;
@@ -101,11 +100,15 @@ private:
     void DrawRuns(const xTExtString& str, std::span<const std::uint32_t> words, POINT pos, CWnd* wnd, CDC* dc,
                   xTKnown& known);
 
+    struct xTHit {
+        std::int32_t* outCol;
+        const int* targetX;
+    };
+    int MeasureRuns(WStrView text, std::span<const std::uint32_t> words, CWnd* wnd, CDC* dc, const xTHit& hit);
+    [[nodiscard]] int TabStop() const noexcept;
+
     std::array<xTFont, fontKeys> m_fonts;
     xTFont m_temporary;  // keeps the device context busy while the fonts are rebuilt; the new base font displaces it
     xTBrush m_brush;     // the background brush last made; it stays selected until the next one displaces it
     COLORREF m_brushColor = 0;
 };
-
-/// Shows a font failure to the user in a message box with no owner.
-void ShowSettingsError(const xTAttribTable::xTExceptSettings& e) noexcept;

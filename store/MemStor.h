@@ -113,6 +113,9 @@ public:
                         std::int32_t row, int x);
     [[nodiscard]] POINT caret_pixel(const xTHighlightHook& hook, std::int32_t topLine, CWnd* window, CDC* dc,
                                     xTAttribTable* table, int offset);
+    /// The same on the window's own context. @param below  the bottom left of the caret, not its top left
+    [[nodiscard]] POINT caret_pixel(const xTHighlightHook& hook, std::int32_t topLine, CWnd* window,
+                                    xTAttribTable* table, int offset, bool below);
 
     CArray<xTExtString> lines;
     xTPos caret;

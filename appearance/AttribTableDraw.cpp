@@ -1,0 +1,242 @@
+#include "appearance/AttribTable.h"
+#include "appearance/AttribWords.h"
+#include "diagnostics/Guarded.h"
+#include "diagnostics/comdefines.h"
+#include "framework/base/Exceptions.h"
+#include "framework/win/CDC.h"
+#include "framework/win/CWnd.h"
+#include "store/MemStor.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace {
+
+constexpr std::int32_t bandSpaces = 197;
+constexpr std::int32_t maxSpaces = 4096;  // wider than any screen
+
+WStrView Spaces(std::int64_t count) noexcept
+{
+    static const auto spaces = [] {
+        std::array<WCHAR, maxSpaces> all;
+        all.fill(_T(' '));
+        return all;
+    }();
+    return {spaces.data(), static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, maxSpaces))};
+}
+
+bool BeginsWithTab(WStrView run) noexcept
+{
+    return !run.empty() && run.front() == _T('\t');
+}
+
+bool AnyHas(std::span<const std::uint32_t> words, std::uint32_t flag) noexcept
+{
+    return std::any_of(words.begin(), words.end(), [&](std::uint32_t word) { return (word & flag) != 0; });
+}
+
+// The log shows pointers by their low 32 bits.
+unsigned LowBits(const void* pointer) noexcept
+{
+    return static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(pointer));
+}
+
+struct xTShowArgs {
+    const xTHighlightHook& hl;
+    const CDC* pDC;
+    const CWnd* pWnd;
+    const xTMemStorage* pStor;
+    const xTExtString& str;
+    POINT pos;
+};
+
+// @param what  the beginning of the message, up to the name of the operation
+void ReportShow(unsigned marker, const WString& what, const xTShowArgs& args) noexcept
+{
+    Guarded([&] {
+        std::array<WCHAR, 160> head{};
+        std::array<WCHAR, 64> tail{};
+        ::_snwprintf(head.data(), head.size() - 1,
+                     L" in xTAttribTable::show_that_str(hl = 0x%x, pDC = 0x%x, pWnd = 0x%x, pStor = 0x%x, str = <",
+                     LowBits(&args.hl), LowBits(args.pDC), LowBits(args.pWnd), LowBits(args.pStor));
+        ::_snwprintf(tail.data(), tail.size() - 1, L">, _out_pos = (x=%d,y=%d))", static_cast<int>(args.pos.x),
+                     static_cast<int>(args.pos.y));
+        const WString message = what + head.data() + args.str.m_text.c_str() + tail.data();
+        LogReport(__builtin_FILE(), marker, message.c_str());
+    });
+}
+
+WString TextOf(const CException& e)
+{
+    std::array<WCHAR, 1024> text{};
+    e.GetErrorMessage(text.data(), static_cast<std::int32_t>(text.size()));
+    return WString(text.data());
+}
+
+// The column under a pixel by the mean width of the run's characters: exact for a fixed pitch, else an estimate.
+// @return false when the run is too narrow to tell
+bool ColumnInRun(int targetX, std::int64_t before, LONG runWidth, std::int32_t first, std::int32_t end,
+                 std::int32_t& column) noexcept
+{
+    const LONG per = end > first ? runWidth / (end - first) : 0;
+    if (per == 0)
+        return false;
+    const std::int64_t distance = targetX - before;
+    const std::int64_t steps = distance / per - (distance % per != 0 && (distance < 0) != (per < 0) ? 1 : 0);
+    column = static_cast<std::int32_t>(std::clamp<std::int64_t>(first + steps, std::numeric_limits<std::int32_t>::min(),
+                                                                std::numeric_limits<std::int32_t>::max()));
+    return true;
+}
+
+}  // namespace
+
+void xTAttribTable::show_that_str(const xTHighlightHook& hl, CDC* pDC, CWnd* pWnd, const xTMemStorage* pStor,
+                                  const xTExtString& str, POINT _out_pos)
+{
+    const auto canDraw = [&] { return pDC && pDC->GetSafeHdc() && pWnd && pWnd->GetSafeHwnd() && pStor; };
+    const auto report = [&](unsigned line, const WString& what) {
+        ReportShow(line, what, {hl, pDC, pWnd, pStor, str, _out_pos});
+    };
+    unsigned marker = __builtin_LINE();
+    try {
+        // An empty line shows neither the break point's band nor the execution point's: kept on purpose.
+        if (!canDraw() || str.m_text.IsEmpty())
+            return;
+        marker = __builtin_LINE();
+        const xTAttribWords words(str.GetLength(), plainWord);
+        marker = __builtin_LINE();
+        ClassifyLine(str, hl, words.span());
+        if (!canDraw())
+            return;  // the host destroyed the control from inside its hook
+        xTKnown known;
+        marker = __builtin_LINE();
+        DrawBand(ATTR_BREAKPOINT, _out_pos.y, words.span(), pWnd, pDC, known);
+        marker = __builtin_LINE();
+        DrawBand(ATTR_EXECPOINT, _out_pos.y, words.span(), pWnd, pDC, known);
+        marker = __builtin_LINE();
+        DrawRuns(str, words.span(), _out_pos, pWnd, pDC, known);
+    } catch (CException* e) {
+        Guarded([&] { report(marker, _T("CException*(") + TextOf(*e) + _T(")")); });
+        e->Delete();
+    } catch (...) {
+        Guarded([&] { report(marker, _T("...")); });
+    }
+}
+
+// The band starts at the left edge whatever the scroll position.
+void xTAttribTable::DrawBand(std::uint32_t flag, int y, std::span<const std::uint32_t> words, CWnd* wnd, CDC* dc,
+                             xTKnown& known)
+{
+    if (!AnyHas(words, flag))
+        return;
+    ApplyGuarded(flag, wnd, dc, known);
+    dc->TextOut(0, y, Spaces(bandSpaces));
+}
+
+void xTAttribTable::DrawRuns(const xTExtString& str, std::span<const std::uint32_t> words, POINT pos, CWnd* wnd,
+                             CDC* dc, xTKnown& known)
+{
+    const WStrView text = str.m_text;
+    const auto count = static_cast<std::int32_t>(words.size());
+    std::int32_t i = 0;
+    while (i < count) {
+        if (i == 0 || (m_lastAttr != words[i] && m_lastAttr != 0))
+            ApplyWord(words[i], wnd, dc, known);
+        m_lastAttr = words[i];
+        const std::int32_t first = i;
+        i = RunEnd(text, first, words);
+        const WStrView run = text.substr(first, i - first);
+        const bool nextSelected = i < count && (words[i] & ATTR_SELECTION);
+        if (nextSelected && BeginsWithTab(run)) {
+            // The gap before a selection is painted in the background of the tabs; the selected text that follows
+            // paints over the surplus.
+            dc->TextOut(pos.x, pos.y, Spaces(std::int64_t{i - first} * LayoutTabSize() + 1));
+            pos.x += RunExtent(run, dc).cx;
+        } else {
+            DrawRun(run, pos, dc);
+        }
+    }
+}
+
+void xTAttribTable::DrawRun(WStrView run, POINT& pos, CDC* dc) const
+{
+    if (run.empty() || !dc)
+        return;
+    if (BeginsWithTab(run)) {
+        const int stop = TabStop();
+        ::TabbedTextOutW(dc->m_hDC, pos.x, pos.y, run.data(), static_cast<int>(run.size()), 1, &stop, 0);
+    } else {
+        dc->TextOut(pos.x, pos.y, run);
+    }
+    pos.x += RunExtent(run, dc).cx;
+}
+
+int xTAttribTable::TabStop() const noexcept
+{
+    return std::max(1, static_cast<int>(m_charWidth) * LayoutTabSize());
+}
+
+// Without an origin, so that a run of tabs is exactly so many tab widths wide wherever it stands: tabs are not aligned
+// to a grid of columns. Drawing and hit testing both rely on it.
+SIZE xTAttribTable::RunExtent(WStrView run, CDC* dc) const
+{
+    if (!dc)
+        return {0, 0};
+    const int length = static_cast<int>(run.size());
+    if (BeginsWithTab(run)) {
+        const int stop = TabStop();
+        const DWORD extent = ::GetTabbedTextExtentW(dc->m_hAttribDC, run.data(), length, 1, &stop);
+        return {static_cast<SHORT>(LOWORD(extent)), static_cast<SHORT>(HIWORD(extent))};
+    }
+    SIZE size{0, 0};
+    if (!::GetTextExtentPoint32W(dc->m_hAttribDC, run.data(), length, &size))
+        return {0, 0};
+    return size;
+}
+
+int xTAttribTable::MeasureLine(const xTHighlightHook& hl, const xTPos& pos, CDC* dc, CWnd* wnd,
+                               const xTMemStorage* store, std::int32_t* outCol, const int* targetX)
+{
+    return Guarded(0, [&] {
+        if (!dc || !dc->GetSafeHdc() || !store || !wnd)
+            return 0;
+        xTExtString line;
+        store->get_line(pos.line, line);
+        const std::int32_t count = std::min(pos.col, line.GetLength());
+        if (count <= 0)
+            return 0;
+        // They start as 0 and not as plain text: where nobody classes the line, the font is the one the context holds.
+        const xTAttribWords words(count, 0);
+        ClassifyLine(line, hl, words.span());
+        if (!dc->GetSafeHdc())
+            return 0;  // the host destroyed the control from inside its hook
+        const xTHit hit{outCol, targetX};
+        return MeasureRuns(line.m_text, words.span(), wnd, dc, hit);
+    });
+}
+
+int xTAttribTable::MeasureRuns(WStrView text, std::span<const std::uint32_t> words, CWnd* wnd, CDC* dc,
+                               const xTHit& hit)
+{
+    xTKnown known;
+    if (AnyHas(words, ATTR_BREAKPOINT))
+        ApplyGuarded(ATTR_BREAKPOINT, wnd, dc, known);  // nothing is drawn; the context is as drawing has it
+    bool searching = hit.outCol && hit.targetX;
+    if (searching)
+        *hit.outCol = 0;
+    int width = 0;
+    for (std::int32_t i = 0; i < static_cast<std::int32_t>(words.size());) {
+        ApplyWord(words[i], wnd, dc, known);
+        const std::int32_t first = i;
+        i = RunEnd(text, first, words);
+        const int before = width;
+        const LONG runWidth = RunExtent(text.substr(first, i - first), dc).cx;
+        width += runWidth;
+        if (searching && width < *hit.targetX)
+            *hit.outCol = i;
+        else if (searching)
+            searching = !ColumnInRun(*hit.targetX, before, runWidth, first, i, *hit.outCol);
+    }
+    return width;
+}
