@@ -9,11 +9,12 @@ if(NOT CMAKE_BUILD_TYPE)
 endif()
 
 # No path of the building machine in the log, in __FILE__ or in the debug information.
-add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
+# (A generator expression, since the resource compiler is handed compile options too and knows none of these.)
+add_compile_options("$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=;-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=>")
 
 if(WIN32)
     # DWARF 4 is what winedbg reads. The protector needs its library at link time too.
-    add_compile_options(-gdwarf-4 -fstack-protector-strong)
+    add_compile_options("$<$<COMPILE_LANGUAGE:C,CXX>:-gdwarf-4;-fstack-protector-strong>")
     add_link_options(-static -fstack-protector-strong -Wl,--no-insert-timestamp)
     add_compile_definitions(WINVER=0x0A00 _WIN32_WINNT=0x0A00)
 endif()
@@ -30,8 +31,8 @@ if(SCRIV_FUZZ)
 endif()
 
 function(scriv_compile_options target)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Werror)
+    target_compile_options(${target} PRIVATE "$<$<COMPILE_LANGUAGE:C,CXX>:-Wall;-Wextra;-Wpedantic;-Werror>")
     if(WIN32)
-        target_compile_options(${target} PRIVATE -fno-ident)
+        target_compile_options(${target} PRIVATE "$<$<COMPILE_LANGUAGE:C,CXX>:-fno-ident>")
     endif()
 endfunction()

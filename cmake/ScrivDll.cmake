@@ -1,0 +1,34 @@
+# The DLL and its two import libraries. What it exports is said by the .def file and by nothing else.
+# Nothing in the DLL calls the exports, so the control goes in as objects: out of an archive none would be linked.
+add_library(scrivctl3 SHARED
+    ${CMAKE_SOURCE_DIR}/api/scrivctl3.def
+    ${CMAKE_SOURCE_DIR}/api/DllMain.cpp
+    ${CMAKE_CURRENT_BINARY_DIR}/version.rc
+    $<TARGET_OBJECTS:scriv_control>)
+scriv_compile_options(scrivctl3)
+target_link_libraries(scrivctl3 PRIVATE scriv_control scriv_engine)
+set_target_properties(scrivctl3 PROPERTIES
+    PREFIX ""
+    VERSION ${PROJECT_VERSION}
+    LINKER_LANGUAGE CXX
+    ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+target_include_directories(scrivctl3 INTERFACE ${CMAKE_SOURCE_DIR}/include)
+
+# Users get the DLL without debug information; debuggers and crash traces find it in the file beside it.
+add_custom_command(TARGET scrivctl3 POST_BUILD
+    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:scrivctl3> $<TARGET_FILE:scrivctl3>.debug
+    COMMAND ${CMAKE_STRIP} $<TARGET_FILE:scrivctl3>
+    COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=scrivctl3.dll.debug scrivctl3.dll
+    WORKING_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
+    VERBATIM)
+
+# The library for the Microsoft linker comes from a linker that speaks its dialect.
+find_program(SCRIV_LLD_LINK NAMES lld-link lld-link-14)
+if(SCRIV_LLD_LINK)
+    set(msvc_lib ${CMAKE_BINARY_DIR}/lib/scrivctl3.lib)
+    add_custom_command(OUTPUT ${msvc_lib}
+        COMMAND ${SCRIV_LLD_LINK} /lib /machine:x64 /def:${CMAKE_SOURCE_DIR}/api/scrivctl3.def /out:${msvc_lib}
+        DEPENDS ${CMAKE_SOURCE_DIR}/api/scrivctl3.def
+        VERBATIM)
+    add_custom_target(scrivctl3_msvc_lib ALL DEPENDS ${msvc_lib})
+endif()
