@@ -1,5 +1,8 @@
 #include "zsl/text_encoding.h"
 
+#include "zsl/code_page.h"
+#include "zsl/text_encoder.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -27,6 +30,20 @@ std::uint32_t code_of_encoding(const text_encoding& encoding) noexcept
         return candidate.charset() == encoding.charset();
     });
     return row == std::end(codes) ? 0 : static_cast<std::uint32_t>(row - codes);
+}
+
+void wide_to_char(const WCHAR* text, std::string& out, const text_encoding& encoding)
+{
+    out.clear();
+    if (!text)
+        return;
+    const E_CharSet charset = encoding.stored_as();
+    if (append_encoded(text, charset, out))
+        return;
+    // Only an 8-bit set can refuse. The system then puts '?' where it has to.
+    out.clear();
+    if (!PlatformToBytes(code_page_of(charset), text, true, out))
+        out.clear();
 }
 
 }  // namespace zsl

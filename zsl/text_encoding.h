@@ -58,6 +58,14 @@ public:
         return result;
     }
 
+    /// This encoding with CR LF line ends.
+    [[nodiscard]] constexpr text_encoding with_crlf() const noexcept
+    {
+        text_encoding result = *this;
+        result.m_crlf = true;
+        return result;
+    }
+
     /// The encoding to write with, where the text was read from a file in `file`: with the mark and the line ends of
     /// that file if the character set is the same, else as it is.
     [[nodiscard]] constexpr text_encoding as_before(const text_encoding& file) const noexcept

@@ -1,0 +1,124 @@
+#include "tests/engine/HostileFiles.h"
+#include "tests/support/NaiveDecoder.h"
+#include "zsl/byte_order_mark.h"
+#include "zsl/line_ends.h"
+#include "zsl/text_decoder.h"
+#include "zsl/text_encoder.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace zsl;
+
+namespace {
+
+unsigned number_of(const text_encoding& encoding)
+{
+    return encoding.is_default() ? text_encoding::defaultValue : static_cast<unsigned>(encoding.charset());
+}
+
+// The file that the text makes in the encoding it was found in.
+std::string file_again(const decoded_text& decoded)
+{
+    std::string bytes(decoded.encoding.found_mark() ? mark_of(decoded.encoding.stored_as()) : "");
+    WString text;
+    if (decoded.encoding.has_crlf())
+        append_crlf(decoded.text, text);
+    else
+        text = decoded.text;
+    EXPECT_TRUE(append_encoded(text, decoded.encoding.stored_as(), bytes));
+    return bytes;
+}
+
+void expect_as_naive(std::string_view bytes, const text_encoding& asked)
+{
+    const auto decoded = decode_text(bytes, asked);
+    const auto naive = NaiveDecode(bytes, number_of(asked));
+    ASSERT_EQ(decoded.has_value(), naive.has_value());
+    if (!decoded)
+        return;
+    EXPECT_TRUE(decoded->text == naive->text);
+    EXPECT_EQ(number_of(decoded->encoding), naive->charset);
+    EXPECT_EQ(decoded->encoding.has_mark(), naive->mark);
+    EXPECT_EQ(decoded->encoding.has_crlf(), naive->crlf);
+    EXPECT_EQ(file_again(*decoded), bytes);
+}
+
+class HostileFile : public testing::TestWithParam<xTHostileFile> {};
+
+}  // namespace
+
+TEST_P(HostileFile, ReadsAsItHasTo)
+{
+    const xTHostileFile& file = GetParam();
+    const auto decoded = decode_text(file.bytes, encoding_of_code(file.asked));
+    ASSERT_EQ(decoded.has_value(), file.found >= 0);
+    if (!decoded)
+        return;
+    EXPECT_EQ(code_of_encoding(decoded->encoding), static_cast<std::uint32_t>(file.found));
+    EXPECT_EQ(decoded->encoding.has_mark(), file.mark);
+    EXPECT_EQ(decoded->encoding.has_crlf(), file.crlf);
+    if (file.text) {
+        EXPECT_TRUE(decoded->text == file.text);
+    }
+}
+
+TEST_P(HostileFile, ReadsAsTheNaiveReaderHasItAndIsWrittenAgainTheSame)
+{
+    for (std::uint32_t code = 0; code <= 6; ++code)
+        expect_as_naive(GetParam().bytes, encoding_of_code(code));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, HostileFile, testing::ValuesIn(hostileFiles),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+#ifndef _WIN32
+TEST(TextDecoder, ReadsAnsiAsCodePage1251AndOemAs866InTheNativeBuild)
+{
+    const auto inAnsi = decode_text("\xcf\xf0\xe8", text_encoding(E_CharSet::ansi));
+    ASSERT_TRUE(inAnsi);
+    EXPECT_TRUE(inAnsi->text == _T("\u041f\u0440\u0438"));
+    const auto inOem = decode_text("\x8f\xe0\xa8", text_encoding(E_CharSet::oem));
+    ASSERT_TRUE(inOem);
+    EXPECT_TRUE(inOem->text == _T("\u041f\u0440\u0438"));
+}
+#endif
+
+TEST(TextDecoder, EveryByteOfTheCodePagesComesBackTheSame)
+{
+    std::string bytes;
+    for (int value = 1; value < 256; ++value)
+        bytes.push_back(static_cast<char>(value));
+    expect_as_naive(bytes, text_encoding(E_CharSet::ansi));
+    expect_as_naive(bytes, text_encoding(E_CharSet::oem));
+}
+
+TEST(TextDecoder, RefusesMoreCharactersThanTheLimit)
+{
+    const text_encoding asked;
+    EXPECT_TRUE(decode_text("12345", asked, 5));
+    EXPECT_FALSE(decode_text("123456", asked, 5));
+    EXPECT_TRUE(decode_text("\xf0\x9f\x98\x80", asked, 2));
+    EXPECT_FALSE(decode_text("\xf0\x9f\x98\x80", asked, 1));
+    EXPECT_TRUE(decode_text("\xff\xfe\x61\x01", asked, 1));
+    EXPECT_FALSE(decode_text("\xff\xfe\x61\x01\x61\x01", asked, 1));
+    EXPECT_FALSE(decode_text("\xe1\xe2\xe3", asked, 2));
+}
+
+TEST(TextDecoder, ReadsRandomTextsAsTheNaiveReaderDoes)
+{
+    constexpr unsigned seed = 20240607;
+    std::mt19937 random(seed);
+    constexpr std::string_view pieces[] = {"a",  "0123456789012345678901234567890123456789", "\n", "\r\n", "\r", "\t",
+                                           "\xd0\x96", "\xe2\x82\xac", "\xf0\x9f\x98\x80", "\xff", "\xed\xa0\x80", " "};
+    for (int round = 0; round < 3000; ++round) {
+        std::string bytes;
+        const std::size_t kinds = 1 + random() % std::size(pieces);  // few kinds: most texts are good ones
+        const int count = static_cast<int>(random() % (round % 100 == 0 ? 4000 : 60));
+        for (int i = 0; i < count; ++i)
+            bytes += pieces[random() % kinds];
+        SCOPED_TRACE(testing::Message() << "seed " << seed << ", round " << round);
+        expect_as_naive(bytes, encoding_of_code(random() % 7));
+    }
+}
