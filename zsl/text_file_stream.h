@@ -4,6 +4,7 @@
 #include "zsl/text_encoding.h"
 
 #include <memory>
+#include <string>
 
 namespace zsl {
 
@@ -58,17 +59,17 @@ public:
 private:
     void open_for_reading(const WString& path);
     void open_for_writing(const WString& path);
-    void append(WStrView text);
     void encode_pending(bool all);
+    void write_bytes();
     void fail() noexcept;
 
     text_encoding m_encoding;
+    file_stream_mode m_mode;
     bool m_open = false;
-    bool m_failed = false;
-    bool m_started = false;  // the mark, if any, has been written
+    bool m_started = false;  // something has been encoded, and the mark before it
     WString m_text;          // reading: the whole text; writing: what has not been encoded yet
-    std::string m_bytes;
-    std::unique_ptr<replacing_file> m_file;
+    std::string m_bytes;     // writing: encoded, not yet in the file
+    std::unique_ptr<replacing_file> m_file;  // null when not writing or when something has failed
 };
 
 }  // namespace zsl
