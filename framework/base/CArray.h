@@ -3,20 +3,27 @@
 #include "framework/base/Exceptions.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <new>
+#include <type_traits>
 #include <utility>
 
 /// A growable array of whole records that are relocated as raw bytes, never copied, when they move. Its free room is
 /// kept as a gap at the place of the last insertion or removal, so that work at one place of a long array moves only
 /// what lies between that place and the last one.
 ///
-/// A record type must be relocatable (its bytes may be moved by memcpy, the old place then counting as never built)
-/// and its default construction must not fail. Sizes and indexes are signed 64 bits; a bad index raises
-/// CInvalidArgException; running out of memory raises std::bad_alloc and changes nothing.
+/// A record type must be relocatable: its bytes may be moved by memcpy, the old place then counting as never built.
+/// Sizes and indexes are signed 64 bits; a bad index raises CInvalidArgException; running out of memory raises
+/// std::bad_alloc; both change nothing.
 template <typename TYPE, typename ARG_TYPE = const TYPE&>
 class CArray {
+    static_assert(std::is_nothrow_default_constructible_v<TYPE> && std::is_nothrow_destructible_v<TYPE>);
+    static_assert(std::is_nothrow_move_assignable_v<TYPE>);
+    static_assert(alignof(TYPE) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
+
 public:
     using index = std::int64_t;
 
@@ -32,7 +39,11 @@ public:
     [[nodiscard]] TYPE& operator[](index i) { return *At(i); }
     [[nodiscard]] const TYPE& operator[](index i) const { return *At(i); }
 
-    void Add(ARG_TYPE record) { InsertAt(m_size, 1)[0] = record; }
+    void Add(ARG_TYPE record)
+    {
+        TYPE copy(record);  // first: it may fail, and `record` may stand in this array
+        *InsertAt(m_size) = std::move(copy);
+    }
 
     /// Makes room for `total` records in all by the growth rule, so that the insertions that follow allocate nothing.
     void Reserve(index total)
@@ -47,10 +58,10 @@ public:
     {
         if (at < 0 || at > m_size || count < 0)
             ThrowInvalidArgException();
-        Reserve(m_size + count);
+        Reserve(SizeWith(count));
         MoveGapTo(at);
         TYPE* first = m_data + at;
-        std::uninitialized_default_construct_n(first, count);
+        std::uninitialized_value_construct_n(first, count);
         m_gap = at + count;
         m_size += count;
         return first;
@@ -58,10 +69,11 @@ public:
 
     void RemoveAt(index at, index count = 1)
     {
-        if (at < 0 || count < 0 || count > m_size - at)
-            ThrowInvalidArgException();
-        MoveGapTo(at);
-        std::destroy_n(m_data + at + GapLength(), count);
+        CheckRun(at, count);
+        const index before = GatherAtGap(at, count);
+        std::destroy_n(m_data + m_gap - before, before);
+        std::destroy_n(BehindGap(), count - before);
+        m_gap -= before;
         m_size -= count;
     }
 
@@ -69,12 +81,16 @@ public:
     /// there as raw blocks. Nothing is copied and, once `to` has room, nothing can fail.
     void MoveOut(index at, index count, CArray& to)
     {
-        if (at < 0 || count < 0 || count > m_size - at || &to == this)
+        CheckRun(at, count);
+        if (&to == this)
             ThrowInvalidArgException();
-        to.Reserve(to.m_size + count);
+        to.Reserve(to.SizeWith(count));
         to.MoveGapTo(to.m_size);
-        MoveGapTo(at);
-        Relocate(to.m_data + to.m_size, m_data + at + GapLength(), count);
+        const index before = GatherAtGap(at, count);
+        TYPE* place = to.m_data + to.m_size;
+        Relocate(place, m_data + m_gap - before, before);
+        Relocate(place + before, BehindGap(), count - before);
+        m_gap -= before;
         m_size -= count;
         to.m_size += count;
         to.m_gap = to.m_size;
@@ -86,27 +102,29 @@ public:
         if (at < 0 || at > m_size || &from == this)
             ThrowInvalidArgException();
         const index count = from.m_size;
-        Reserve(m_size + count);
+        Reserve(SizeWith(count));
         MoveGapTo(at);
-        from.MoveGapTo(count);
-        Relocate(m_data + at, from.m_data, count);
+        Relocate(m_data + at, from.m_data, from.m_gap);
+        Relocate(m_data + at + from.m_gap, from.BehindGap(), count - from.m_gap);
         m_gap = at + count;
         m_size += count;
-        from.m_size = 0;
-        from.m_gap = 0;
+        from.m_size = from.m_gap = 0;
     }
 
     void RemoveAll() noexcept
     {
         std::destroy_n(m_data, m_gap);
-        std::destroy_n(m_data + m_gap + GapLength(), m_size - m_gap);
+        std::destroy_n(BehindGap(), m_size - m_gap);
         ::operator delete(m_data);
         m_data = nullptr;
         m_size = m_capacity = m_gap = 0;
     }
 
 private:
+    static constexpr index largestSize = std::numeric_limits<std::ptrdiff_t>::max() / static_cast<index>(sizeof(TYPE));
+
     [[nodiscard]] index GapLength() const noexcept { return m_capacity - m_size; }
+    [[nodiscard]] TYPE* BehindGap() const noexcept { return m_data + m_gap + GapLength(); }
 
     [[nodiscard]] TYPE* At(index i) const
     {
@@ -115,10 +133,24 @@ private:
         return m_data + (i < m_gap ? i : i + GapLength());
     }
 
+    void CheckRun(index at, index count) const
+    {
+        if (at < 0 || count < 0 || count > m_size - at)
+            ThrowInvalidArgException();
+    }
+
+    [[nodiscard]] index SizeWith(index added) const
+    {
+        if (added > largestSize - m_size)
+            throw std::bad_alloc();
+        return m_size + added;
+    }
+
     static void Relocate(TYPE* to, const TYPE* from, index count) noexcept
     {
         if (count > 0)
-            std::memmove(static_cast<void*>(to), static_cast<const void*>(from), static_cast<std::size_t>(count) * sizeof(TYPE));
+            std::memmove(static_cast<void*>(to), static_cast<const void*>(from),
+                         static_cast<std::size_t>(count) * sizeof(TYPE));
     }
 
     void MoveGapTo(index at) noexcept
@@ -126,8 +158,16 @@ private:
         if (at < m_gap)
             Relocate(m_data + at + GapLength(), m_data + at, m_gap - at);
         else if (at > m_gap)
-            Relocate(m_data + m_gap, m_data + m_gap + GapLength(), at - m_gap);
+            Relocate(m_data + m_gap, BehindGap(), at - m_gap);
         m_gap = at;
+    }
+
+    // Moves the gap as little as may be so that a run lies around it.
+    // Returns how many records of the run then stand before the gap.
+    index GatherAtGap(index at, index count) noexcept
+    {
+        MoveGapTo(std::clamp(m_gap, at, at + count));
+        return m_gap - at;
     }
 
     // The growth is fixed: an eighth of the size, at least 4 and at most 1024 records; the first block is exact.
@@ -135,10 +175,12 @@ private:
     {
         const index step = std::clamp<index>(m_size / 8, 4, 1024);
         const index capacity = m_capacity == 0 ? wanted : std::max(wanted, m_capacity + step);
+        if (capacity > largestSize)
+            throw std::bad_alloc();
         auto* data = static_cast<TYPE*>(::operator new(static_cast<std::size_t>(capacity) * sizeof(TYPE)));
         const index tail = m_size - m_gap;
         Relocate(data, m_data, m_gap);
-        Relocate(data + capacity - tail, m_data + m_gap + GapLength(), tail);
+        Relocate(data + capacity - tail, BehindGap(), tail);
         ::operator delete(m_data);
         m_data = data;
         m_capacity = capacity;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "framework/base/Exceptions.h"
 #include "framework/base/WinTypes.h"
 
 #include <atomic>
 #include <compare>
+#include <utility>
 
 class xTStringSlabs;
 
@@ -16,11 +18,21 @@ public:
     CString() noexcept : m_text(EmptyText()) {}
     CString(WStrView text);           // NOLINT(google-explicit-constructor): a text is a string
     CString(const WCHAR* text);       // NOLINT(google-explicit-constructor): null counts as empty
-    CString(WCHAR ch, std::int32_t count);  ///< `count` times `ch`; below 1 gives the empty string
+    CString(WCHAR ch, std::int32_t count);  ///< `count` times `ch`; a count below 1 gives the empty string
     CString(const CString& other) noexcept : m_text(other.m_text) { AddRef(); }
     CString(CString&& other) noexcept : m_text(other.m_text) { other.m_text = EmptyText(); }
-    CString& operator=(const CString& other) noexcept;
-    CString& operator=(CString&& other) noexcept;
+    CString& operator=(const CString& other) noexcept
+    {
+        other.AddRef();
+        Release();
+        m_text = other.m_text;
+        return *this;
+    }
+    CString& operator=(CString&& other) noexcept  // the old text dies with `other`
+    {
+        std::swap(m_text, other.m_text);
+        return *this;
+    }
     ~CString() { Release(); }
 
     [[nodiscard]] std::int32_t GetLength() const noexcept { return Header()->length; }
@@ -28,13 +40,33 @@ public:
     [[nodiscard]] const WCHAR* c_str() const noexcept { return m_text; }
     [[nodiscard]] WStrView view() const noexcept { return {m_text, static_cast<std::size_t>(GetLength())}; }
     operator WStrView() const noexcept { return view(); }  // NOLINT(google-explicit-constructor)
-    [[nodiscard]] WCHAR GetAt(std::int32_t index) const;
+    [[nodiscard]] WCHAR GetAt(std::int32_t index) const
+    {
+        CheckIndex(index);
+        return m_text[index];
+    }
     [[nodiscard]] WCHAR operator[](std::int32_t index) const { return GetAt(index); }
 
-    void Empty() noexcept;
-    void SetAt(std::int32_t index, WCHAR ch);
-    CString& Append(WStrView text);
-    CString& AppendChar(WCHAR ch);
+    void Empty() noexcept
+    {
+        Release();
+        m_text = EmptyText();
+    }
+    void SetAt(std::int32_t index, WCHAR ch)
+    {
+        CheckIndex(index);
+        OwnBuffer()[index] = ch;
+    }
+    CString& Append(WStrView text)
+    {
+        Insert(GetLength(), text);
+        return *this;
+    }
+    CString& AppendChar(WCHAR ch)
+    {
+        *Splice(GetLength(), 0, 1) = ch;
+        return *this;
+    }
     CString& operator+=(WStrView text) { return Append(text); }
     CString& operator+=(WCHAR ch) { return AppendChar(ch); }
 
@@ -63,7 +95,7 @@ public:
 
     /// The characters for change in place; the buffer is this string's own afterwards. `GetLength()` of them may be
     /// written, the terminator behind them may not.
-    [[nodiscard]] WCHAR* OwnBuffer();
+    [[nodiscard]] WCHAR* OwnBuffer() { return Splice(0, 0, 0); }
 
     /// True when both strings share one buffer: for tests of what a copy costs.
     [[nodiscard]] bool SharesBufferWith(const CString& other) const noexcept { return m_text == other.m_text; }
@@ -73,40 +105,56 @@ public:
         return a.m_text == b.m_text || a.view() == b.view();
     }
     friend bool operator==(const CString& a, WStrView b) noexcept { return a.view() == b; }
-    friend bool operator==(const CString& a, const WCHAR* b) noexcept { return a.view() == WStrView(b); }
+    friend bool operator==(const CString& a, const WCHAR* b) noexcept { return b ? a.view() == b : a.IsEmpty(); }
     friend auto operator<=>(const CString& a, const CString& b) noexcept { return a.view() <=> b.view(); }
 
 private:
     friend class xTStringSlabs;
+    friend class xTSharedRuns;
 
     // Stands right before the characters. Twelve bytes, so that a loaded line of 33 characters costs 80 bytes in all.
     struct xTHeader {
         std::atomic<std::uint32_t> refs;
         std::int32_t length;
-        std::int32_t capacity;  // room in characters without the terminator; inSlab for a buffer carved out of a slab
+        std::int32_t capacity;  // room in characters without the terminator, or one of the two below
     };
-    static constexpr std::int32_t inSlab = -1;
+    static constexpr std::int32_t inSlab = -1;   // carved out of a slab
+    static constexpr std::int32_t forever = -2;  // never counted: the empty text and the shared runs
 
     struct xTEmpty {
         xTHeader header;
         WCHAR terminator;
     };
-    static xTEmpty s_empty;  // never counted: all empty strings point here
+    static xTEmpty s_empty;  // all empty strings point here
 
     static WCHAR* EmptyText() noexcept { return &s_empty.terminator; }
-    [[nodiscard]] xTHeader* Header() const noexcept { return reinterpret_cast<xTHeader*>(m_text) - 1; }
+    static xTHeader* HeaderOf(WCHAR* text) noexcept { return reinterpret_cast<xTHeader*>(text) - 1; }
+    [[nodiscard]] xTHeader* Header() const noexcept { return HeaderOf(m_text); }
 
-    explicit CString(WCHAR* adopted, int) noexcept : m_text(adopted) {}
+    // Around a buffer that counts one owner already, or that is never counted.
+    struct xTAdopt {};
+    CString(WCHAR* text, xTAdopt) noexcept : m_text(text) {}
+
+    void CheckIndex(std::int32_t index) const
+    {
+        if (index < 0 || index >= GetLength()) [[unlikely]]
+            ThrowInvalidArgException();
+    }
     void AddRef() const noexcept
     {
-        if (m_text != EmptyText())
+        if (Header()->capacity != forever)
             Header()->refs.fetch_add(1, std::memory_order_relaxed);
     }
-    void Release() noexcept;
+    void Release() noexcept
+    {
+        if (Header()->capacity != forever)
+            ReleaseCounted(m_text);
+    }
+    static void ReleaseCounted(WCHAR* text) noexcept;
     static WCHAR* NewBuffer(std::int32_t length, std::int32_t capacity);
     static void FreeBuffer(WCHAR* text) noexcept;
-    WCHAR* Prepare(std::int32_t newLength, std::int32_t keep);
-    WCHAR* OpenGap(std::int32_t index, std::int32_t count);
+    [[nodiscard]] bool HoldsText(WStrView text) const noexcept;
+    WCHAR* Splice(std::int32_t index, std::int32_t removed, std::int32_t added);
 
     WCHAR* m_text;
 };
@@ -129,14 +177,19 @@ public:
 private:
     friend class CString;
     struct xTSlab;
-    static void DropOne(xTSlab* slab) noexcept;
+    static void DropFrom(xTSlab* slab, std::uint32_t count) noexcept;
     static xTSlab* SlabOf(const void* place) noexcept;
 
-    xTSlab* m_slab = nullptr;
-    std::size_t m_used = 0;
+    void StartSlab();
+    void FinishSlab() noexcept;
+
+    xTSlab* m_slab = nullptr;      // the block that is being filled
+    std::size_t m_used = 0;        // bytes of it
+    std::uint32_t m_carved = 0;    // strings in it
 };
 
 /// `length` times `ch`, shared by all who ask for the same: the attribute words of untouched lines.
-/// Lengths up to 512 are kept for the life of the process, longer ones are made at each call.
+/// Lengths up to 512 are kept for the life of the process, longer ones are made at each call. No string of a kept run
+/// may outlive the static objects of the process.
 /// @param ch 0x0001 or 0x0005; any other character is served but not kept
 [[nodiscard]] CString SharedRun(WCHAR ch, std::int32_t length);

@@ -2,6 +2,11 @@
 
 #include "framework/base/WinTypes.h"
 
+/// Each throws the exception of its name; where there is no memory for one, std::bad_alloc.
+[[noreturn]] void ThrowMemoryException();
+[[noreturn]] void ThrowInvalidArgException();
+[[noreturn]] void ThrowResourceException();
+
 /// The framework's exceptions. They are thrown by pointer and the one who swallows them calls `Delete`.
 class CException {
 public:
@@ -26,8 +31,11 @@ private:
 /// Memory or a system resource that stands for memory could not be had.
 class CMemoryException final : public CException {
 public:
+    void Delete() noexcept override {}  // only the one of ThrowMemoryException exists, and it stays
+
+private:
+    friend void ThrowMemoryException();
     CMemoryException() noexcept : CException(_T("Out of memory.")) {}
-    void Delete() noexcept override {}  // only the static one of ThrowMemoryException exists
 };
 
 /// An index or an argument outside what the callee allows.
@@ -41,7 +49,3 @@ class CResourceException final : public CException {
 public:
     CResourceException() noexcept : CException(_T("A required resource was unavailable.")) {}
 };
-
-[[noreturn]] void ThrowMemoryException();
-[[noreturn]] void ThrowInvalidArgException();
-[[noreturn]] void ThrowResourceException();
