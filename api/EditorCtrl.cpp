@@ -1,6 +1,7 @@
 #include "api/EditorCtrl.h"
 
 #include "diagnostics/Guarded.h"
+#include "editing/LastSearch.h"
 #include "include/scrivctl3.h"
 
 namespace {
@@ -193,4 +194,14 @@ void CEditorCtrl::NotifyHost(bool changed, std::int32_t value)
     const HWND parent = ::GetParent(m_hWnd);
     if (::IsWindow(parent))
         ::SendNotifyMessageW(parent, ED_NOTIFY_CARET, changed, value ? value : PackedCaret());
+}
+
+bool CEditorCtrl::ConfirmWrap()
+{
+    const HWND parent = ::GetParent(m_hWnd);
+    if (!::IsWindow(parent))
+        return false;
+    const CString text = LastSearch().text;  // the host reads it during the call
+    // No find dialog stands behind the search: the window handle that goes with the question is 0.
+    return ::SendMessageW(parent, ED_NOTIFY_FIND, 0, reinterpret_cast<LPARAM>(text.c_str())) != 0;
 }

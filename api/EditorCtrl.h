@@ -55,7 +55,7 @@ public:
     bool GetPosition(int code, edPoint* out);
 
     // What the store asks for
-    [[nodiscard]] bool HasHandle() const override { return m_hWnd != nullptr; }
+    [[nodiscard]] HWND Handle() const override { return m_hWnd; }
     void Invalidate() override;
     void InvalidateCaretLine() override;
     void UpdateNow() override;
@@ -63,6 +63,7 @@ public:
     void EnsureCaretVisible() override;
     void MoveCaretTo(std::int32_t line, std::int32_t column, bool redraw, bool centre, bool focus) override;
     void NotifyHost(bool changed, std::int32_t value) override;
+    [[nodiscard]] bool ConfirmWrap() override;
 
     [[nodiscard]] xTMemStorage* Store() const noexcept { return m_store.get(); }
     [[nodiscard]] bool HasSelection() const noexcept { return m_store && m_store->has_selection(); }

@@ -7,6 +7,7 @@
 #include "store/TabSettings.h"
 
 #include <cstdint>
+#include <limits>
 
 class CDC;
 class CWnd;
@@ -96,6 +97,57 @@ public:
     [[nodiscard]] std::int32_t snapshot_new_line(std::int32_t old) const;
     [[nodiscard]] std::int32_t snapshot_old_line(std::int32_t line) const;
 
+    // Editing. A position out of range is no failure: nothing happens. A bad line index raises inside and is reported,
+    // the text staying as far as the operation had come. `count` is in characters, a line break being one.
+    /// Puts the caret on `pos`, not cut to its line, and inserts there.
+    void insert_text(const xTPos& pos, std::int32_t& count, CString& text, bool rejoin);
+    /// Inserts `count` characters of `text`; the caret ends behind them. Nothing without a window that has a handle.
+    /// A line does not grow past `insertLimit`: what is left over goes on in a new line, and `text` gets the line feed.
+    /// @param count  grows with each such line feed and with each tab that becomes spaces
+    /// @param rejoin append the line behind the last inserted one to it: a deletion had stopped at the join limit
+    void insert_at_caret(std::int32_t& count, CString& text, bool rejoin);
+    /// Inserts a piece without line feeds into its line, or as a new line behind the last. `piece` loses its tabs where
+    /// tabs become spaces; `count` grows by what that adds.
+    void insert_piece(std::int32_t& count, const xTPos& pos, xTExtString& piece);
+    void split_line(const xTPos& pos);  ///< the marks and the snapshot number stay on the first part
+    /// Raises CInvalidArgException for an index out of range. Caret and selection are not looked at.
+    void remove_line(std::int32_t index);
+    /// Lines are joined up to `joinLimit`; where that stops a join, the break stays and characters move across it.
+    /// The caret stays, except that a selection behind `pos` is shifted and the caret put behind it.
+    /// @param split out, may be null: a join was stopped
+    void delete_text(const xTPos& pos, std::int32_t count, bool* split = nullptr);
+    /// The Delete key: the selection, or the character at `pos`, which is the caret.
+    /// @param text, count  get what went, `text` with a zero behind it; untouched where nothing goes
+    void delete_at_caret(CString& text, xTPos& pos, std::int32_t& count, bool& split);
+    void overwrite_char(const xTPos& pos, WCHAR ch);  ///< nothing on the last line of the text
+    void overwrite_at_caret(WCHAR ch);
+    /// Replaces the characters at `pos`, as many as `old` has, within the line and without any limit.
+    /// @return false for a position that holds no character
+    bool replace_at(const xTPos& pos, WStrView old, WStrView replacement);
+    /// Shift with an arrow key. Nothing without a window. @param direction as for move_caret
+    void extend_selection(int direction);
+
+    // Whole lines of the selection, and the letters of a range with both ends inclusive. These raise what fails in them;
+    // a line of the range outside the text raises CInvalidArgException when it is reached.
+    void indent_block();
+    void unindent_block();
+    void comment_block(bool remove);  ///< adds `//` to each line, or takes a leading one away
+    void change_case(bool upper, const xTPos& from, const xTPos& to);
+    /// Retypes a range on the next keyboard layout, which stays in use.
+    void switch_layout(const xTPos& from, const xTPos& to);
+
+    // Search, within single lines; an empty text is found nowhere
+    /// @param down       false: the lines above, each still searched from left to right
+    /// @param from_caret a match at the caret itself counts
+    /// @param wrapped    set when the search went round an end of the text; otherwise left alone; may be null
+    /// @return the start of the match, or none
+    [[nodiscard]] xTPos find_text(const CString& what, bool down, bool whole_word, bool match_case, bool from_caret,
+                                  bool* wrapped = nullptr) const;
+    /// Replaces the selection if it is a match, then selects the next match downwards.
+    /// @param pos  out: where text was replaced, untouched when none was
+    /// @param find in: the text to find; out: as the replaced text was spelt
+    void replace_and_next(xTPos& pos, CString& find, const CString& replacement, bool whole_word, bool match_case);
+
     // Block comment marks
     /// Rebuilds the marks and shows them; nothing while `comments_valid` is true.
     void rescan_comments();
@@ -124,6 +176,18 @@ public:
     const xTTabSettings* attribs;
     bool comments_valid = false;
     xTSelection selection;
+
+    /// The lines whose comment marks may differ from those that a scan of the whole text would give, whether or not
+    /// `comments_valid` still stands: from line `first` on, but for the last `cleanTail` lines. Every change of the text
+    /// widens it, a rescan ends it. Who changes `lines` by hand after a scan has to call `note_change`.
+    struct xTStaleLines {
+        static constexpr std::int32_t nowhere = std::numeric_limits<std::int32_t>::max();
+        std::int32_t first = 0;
+        std::int32_t cleanTail = 0;
+    };
+    xTStaleLines stale;
+    /// The lines from `first` to `last`, as they are numbered after the change, may need other marks.
+    void note_change(std::int32_t first, std::int32_t last) noexcept;
 
 private:
     [[nodiscard]] bool has_line(std::int32_t line) const noexcept { return line >= 0 && line < line_count(); }

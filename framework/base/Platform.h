@@ -83,6 +83,10 @@ enum class xTBoxIcon : unsigned { none = 0, error = 0x10, information = 0x40 };
 /// A modal message box with an OK button and no owner.
 void PlatformMessageBox(const WCHAR* text, const WCHAR* caption, xTBoxIcon icon) noexcept;
 
+/// The framework's own message box: it belongs to the top-level window that `from` stands in, and bears the name of the
+/// host's program. @param from may be null
+void PlatformNotice(HWND from, const WCHAR* text, xTBoxIcon icon) noexcept;
+
 /// A text of the user interface by its number in the string table; empty when there is none.
 [[nodiscard]] CString PlatformString(unsigned id);
 

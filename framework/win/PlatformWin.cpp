@@ -1,5 +1,7 @@
 #include "framework/base/Platform.h"
 
+#include "framework/win/CWnd.h"
+
 #include <windows.h>
 
 #include <sys/timeb.h>
@@ -146,6 +148,11 @@ void PlatformSleep(unsigned milliseconds) noexcept
 void PlatformMessageBox(const WCHAR* text, const WCHAR* caption, xTBoxIcon icon) noexcept
 {
     ::MessageBoxW(nullptr, text, caption, static_cast<UINT>(icon));
+}
+
+void PlatformNotice(HWND from, const WCHAR* text, xTBoxIcon icon) noexcept
+{
+    ShowMessageBox(from, text, static_cast<UINT>(icon));
 }
 
 CString PlatformString(unsigned id)

@@ -219,6 +219,11 @@ void PlatformMessageBox(const WCHAR* text, const WCHAR* caption, xTBoxIcon icon)
     box.icon = icon;
 }
 
+void PlatformNotice(HWND, const WCHAR* text, xTBoxIcon icon) noexcept
+{
+    PlatformMessageBox(text, _T(""), icon);
+}
+
 CString PlatformString(unsigned id)
 {
     const auto& strings = NativePlatform().strings;
