@@ -4,6 +4,7 @@
 #include "diagnostics/Guarded.h"
 #include "framework/base/Exceptions.h"
 #include "framework/base/Platform.h"
+#include "zsl/text_encoding.h"
 
 #include <algorithm>
 #include <charconv>
@@ -96,7 +97,7 @@ void LogReport(const char* file, unsigned line, const WCHAR* message) noexcept
         return WriteRecord(file, line, {});
     try {
         std::string bytes;
-        static_cast<void>(PlatformToBytes(xTCodePage::ansi, message, true, bytes));
+        zsl::wide_to_char(message, bytes, zsl::text_encoding(0));
         WriteRecord(file, line, bytes);
     } catch (...) {  // no memory
         std::array<char, 512> buffer;
