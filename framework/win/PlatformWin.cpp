@@ -164,8 +164,10 @@ CString PlatformString(unsigned id)
 
 std::int32_t PlatformExecutablePath(WCHAR* path, std::int32_t room) noexcept
 {
-    const DWORD length = ::GetModuleFileNameW(nullptr, path, static_cast<DWORD>(room));
-    return static_cast<std::int32_t>(std::min(length, static_cast<DWORD>(room) - 1));  // a cut path counts as told
+    const DWORD told = ::GetModuleFileNameW(nullptr, path, static_cast<DWORD>(room));
+    const auto length = static_cast<std::int32_t>(std::min(told, static_cast<DWORD>(room) - 1));
+    path[length] = 0;  // a cut path counts as told, and not every system ends it
+    return length;
 }
 
 xTResolution PlatformScreenResolution() noexcept
