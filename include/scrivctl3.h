@@ -165,7 +165,7 @@ SCRIVCTL3_API HWND edCreateCtrl(const edCreateParams* params);
 SCRIVCTL3_API void edDestroyCtrl(HWND control);
 
 /// Tests a handle.
-/// @return `control` when it is a window; bad handle: null
+/// @return `control` when it is a control; bad handle: null
 SCRIVCTL3_API HWND edGetHWND(HWND control);
 
 // ---- Text in and out ------------------------------------------------------------------------------------------
