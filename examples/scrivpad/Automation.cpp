@@ -1,0 +1,86 @@
+#include "Automation.h"
+
+#include "Failure.h"
+#include "MainWindow.h"
+#include "Screenshot.h"
+
+#include <iterator>
+
+namespace scrivpad {
+
+namespace {
+
+constexpr DWORD quietMs = 300;    ///< a window that got no message for so long has painted all there was
+constexpr DWORD longestMs = 5000; ///< the control's timers never rest, so this ends the wait at the latest
+
+/// While it lives, no message box of this thread comes into being: nobody is there to close it.
+class NoMessageBoxes {
+public:
+    NoMessageBoxes() noexcept : m_hook(::SetWindowsHookExW(WH_CBT, Refuse, nullptr, ::GetCurrentThreadId())) {}
+    ~NoMessageBoxes() { ::UnhookWindowsHookEx(m_hook); }
+    NoMessageBoxes(const NoMessageBoxes&) = delete;
+    NoMessageBoxes& operator=(const NoMessageBoxes&) = delete;
+
+private:
+    static LRESULT CALLBACK Refuse(int code, WPARAM wParam, LPARAM lParam) noexcept
+    {
+        wchar_t name[8] = {};
+        if (code == HCBT_CREATEWND && ::GetClassNameW(reinterpret_cast<HWND>(wParam), name, std::size(name)) > 0 &&
+            ::lstrcmpW(name, L"#32770") == 0)
+            return 1;
+        return ::CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    HHOOK m_hook;
+};
+
+void DispatchPending()
+{
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+}
+
+/// Lets the window manager, the window and the control draw until nothing is left to draw.
+void Settle(HWND window)
+{
+    const ULONGLONG start = ::GetTickCount64();
+    ULONGLONG lastPaint = start;
+    for (ULONGLONG now = start; now - lastPaint < quietMs && now - start < longestMs; now = ::GetTickCount64()) {
+        if (HIWORD(::GetQueueStatus(QS_PAINT)) != 0)
+            lastPaint = now;
+        DispatchPending();
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, quietMs / 10, QS_ALLINPUT);
+    }
+    ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    ::GdiFlush();
+}
+
+void TakeScreenshot(MainWindow& window, const std::wstring& path)
+{
+    ::SetForegroundWindow(window.Handle());
+    ::BringWindowToTop(window.Handle());
+    Settle(window.Handle());
+    ::HideCaret(nullptr);  // it blinks: without it two pictures of one window are equal
+    SaveScreenshot(window.Handle(), WholePath(path));
+    ::ShowCaret(nullptr);
+}
+
+}  // namespace
+
+void RunSteps(MainWindow& window, const Options& options)
+{
+    const NoMessageBoxes guard;
+    if (!options.file.empty())
+        window.Open(options.file, options.encoding.value_or(ED_ENCODING_DEFAULT));
+    if (options.caret)
+        window.GoTo(*options.caret);
+    if (!options.saveAs.empty())
+        window.SaveAs(options.saveAs, options.saveEncoding.value_or(window.CurrentDocument().encoding));
+    if (!options.screenshot.empty())
+        TakeScreenshot(window, options.screenshot);
+}
+
+}  // namespace scrivpad

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+
+namespace scrivpad {
+
+/// A place in a text as people count: line and column from 1.
+struct TextPlace {
+    int line = 1;
+    int column = 1;
+    friend bool operator==(const TextPlace&, const TextPlace&) = default;
+};
+
+/// What the command line asks for. Paths are as written; empty means not asked for.
+struct Options {
+    std::optional<unsigned> theme;         ///< 1 to 5
+    std::optional<unsigned> encoding;      ///< code to open with, 0 to 5
+    std::optional<TextPlace> caret;
+    std::wstring saveAs;
+    std::optional<unsigned> saveEncoding;  ///< code, 0 to 5; none: that of the file
+    std::wstring screenshot;
+    bool exit = false;
+    bool help = false;
+    std::wstring file;
+
+    /// Any option means that a script is at work: nothing may wait for a user then.
+    [[nodiscard]] bool Automated() const noexcept;
+};
+
+struct ParsedCommandLine {
+    Options options;
+    std::wstring error;  ///< empty when all arguments were understood
+};
+
+/// @param arguments  without the program's own name
+[[nodiscard]] ParsedCommandLine ParseCommandLine(std::span<const std::wstring> arguments);
+
+/// @return the lines that explain the options, ended by a line break
+[[nodiscard]] const wchar_t* UsageText() noexcept;
+
+}  // namespace scrivpad

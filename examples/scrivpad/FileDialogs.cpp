@@ -1,0 +1,92 @@
+#include "FileDialogs.h"
+
+#include "ComPtr.h"
+#include "Names.h"
+
+#include <shobjidl.h>
+
+#include <iterator>
+
+namespace scrivpad {
+
+namespace {
+
+constexpr DWORD encodingGroup = 1;
+constexpr DWORD encodingBox = 2;
+constexpr const wchar_t* dialogFault = L"не удалось показать окно выбора файла";
+
+constexpr COMDLG_FILTERSPEC filters[] = {
+    {L"Исходные тексты", L"*.c;*.h;*.cpp;*.hpp;*.cc;*.hh;*.cxx;*.hxx;*.inl;*.ssl"},
+    {L"Текстовые файлы", L"*.txt"},
+    {L"Все файлы", L"*.*"},
+};
+constexpr UINT allFilesFilter = std::size(filters);  // filters count from 1
+
+struct TaskMemory {
+    void operator()(wchar_t* text) const noexcept { ::CoTaskMemFree(text); }
+};
+
+[[nodiscard]] ComPtr<IFileDialog> MakeDialog(FileDialogKind kind)
+{
+    const CLSID& which = kind == FileDialogKind::open ? CLSID_FileOpenDialog : CLSID_FileSaveDialog;
+    return TakeCom<IFileDialog>(dialogFault, [&](IFileDialog** out) {
+        return ::CoCreateInstance(which, nullptr, CLSCTX_INPROC_SERVER, IID_IFileDialog, reinterpret_cast<void**>(out));
+    });
+}
+
+[[nodiscard]] ComPtr<IFileDialogCustomize> CustomPart(IFileDialog& dialog)
+{
+    return TakeCom<IFileDialogCustomize>(dialogFault, [&](IFileDialogCustomize** out) {
+        return dialog.QueryInterface(IID_IFileDialogCustomize, reinterpret_cast<void**>(out));
+    });
+}
+
+void AddEncodings(IFileDialogCustomize& custom, UINT32 selected)
+{
+    custom.StartVisualGroup(encodingGroup, L"Кодировка:");
+    custom.AddComboBox(encodingBox);
+    for (const NumberName& row : encodings)
+        custom.AddControlItem(encodingBox, row.number, row.name);
+    custom.SetSelectedControlItem(encodingBox, selected);
+    custom.EndVisualGroup();
+}
+
+[[nodiscard]] std::wstring FileName(const std::wstring& path)
+{
+    return path.substr(path.find_last_of(L"\\/") + 1);
+}
+
+[[nodiscard]] std::wstring ChosenPath(IFileDialog& dialog)
+{
+    const auto item = TakeCom<IShellItem>(dialogFault, [&](IShellItem** out) { return dialog.GetResult(out); });
+    wchar_t* raw = nullptr;
+    RequireCom(dialogFault, item->GetDisplayName(SIGDN_FILESYSPATH, &raw));
+    const std::unique_ptr<wchar_t, TaskMemory> path(raw);
+    return path.get();
+}
+
+}  // namespace
+
+std::optional<FileChoice> AskForFile(HWND owner, FileDialogKind kind, const FileChoice& start)
+{
+    const ComPtr<IFileDialog> dialog = MakeDialog(kind);
+    const ComPtr<IFileDialogCustomize> custom = CustomPart(*dialog);
+    AddEncodings(*custom, start.encoding);
+    dialog->SetFileTypes(static_cast<UINT>(std::size(filters)), filters);
+    dialog->SetFileTypeIndex(kind == FileDialogKind::open ? 1 : allFilesFilter);
+    if (kind == FileDialogKind::save && !start.path.empty())
+        dialog->SetFileName(FileName(start.path).c_str());
+
+    const HRESULT shown = dialog->Show(owner);
+    if (shown == HRESULT_FROM_WIN32(ERROR_CANCELLED))
+        return std::nullopt;
+    RequireCom(dialogFault, shown);
+
+    FileChoice choice{ChosenPath(*dialog), start.encoding};
+    DWORD encoding = 0;
+    if (SUCCEEDED(custom->GetSelectedControlItem(encodingBox, &encoding)))
+        choice.encoding = encoding;
+    return choice;
+}
+
+}  // namespace scrivpad
