@@ -20,6 +20,7 @@ if(WIN32)
 endif()
 if(SCRIV_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)  # indexes of the library's own containers are checked as well
     add_link_options(-fsanitize=address,undefined)
 endif()
 if(SCRIV_COVERAGE)
