@@ -15,19 +15,21 @@ set_target_properties(scrivctl3 PROPERTIES
 target_include_directories(scrivctl3 INTERFACE ${CMAKE_SOURCE_DIR}/include)
 
 # Users get the DLL without debug information; debuggers and crash traces find it in the file beside it.
+# (-p: without it each step would put the time of day into the header, and no two builds were the same.)
 add_custom_command(TARGET scrivctl3 POST_BUILD
-    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:scrivctl3> $<TARGET_FILE:scrivctl3>.debug
-    COMMAND ${CMAKE_STRIP} $<TARGET_FILE:scrivctl3>
-    COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=scrivctl3.dll.debug scrivctl3.dll
+    COMMAND ${CMAKE_OBJCOPY} -p --only-keep-debug $<TARGET_FILE:scrivctl3> $<TARGET_FILE:scrivctl3>.debug
+    COMMAND ${CMAKE_STRIP} -p $<TARGET_FILE:scrivctl3>
+    COMMAND ${CMAKE_OBJCOPY} -p --add-gnu-debuglink=scrivctl3.dll.debug scrivctl3.dll
     WORKING_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
     VERBATIM)
 
-# The library for the Microsoft linker comes from a linker that speaks its dialect.
-find_program(SCRIV_LLD_LINK NAMES lld-link lld-link-14)
-if(SCRIV_LLD_LINK)
+# The library for the Microsoft linker: LLVM's tool writes the short form that its own does. Only hosts built with that
+# linker need it, so a machine without LLVM builds all the rest.
+find_program(SCRIV_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14 PATHS /usr/lib/llvm-14/bin)
+if(SCRIV_DLLTOOL)
     set(msvc_lib ${CMAKE_BINARY_DIR}/lib/scrivctl3.lib)
     add_custom_command(OUTPUT ${msvc_lib}
-        COMMAND ${SCRIV_LLD_LINK} /lib /machine:x64 /def:${CMAKE_SOURCE_DIR}/api/scrivctl3.def /out:${msvc_lib}
+        COMMAND ${SCRIV_DLLTOOL} -m i386:x86-64 -d ${CMAKE_SOURCE_DIR}/api/scrivctl3.def -l ${msvc_lib}
         DEPENDS ${CMAKE_SOURCE_DIR}/api/scrivctl3.def
         VERBATIM)
     add_custom_target(scrivctl3_msvc_lib ALL DEPENDS ${msvc_lib})

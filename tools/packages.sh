@@ -4,7 +4,6 @@
 run_packages=(
     cmake ninja-build
     g++ g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix
-    lld                        # the import library for the Microsoft linker
     wine wine64
     libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libxxf86vm1  # Wine opens these
     libcups2 libgnutls30                                                                          # at run time
@@ -16,6 +15,7 @@ run_packages=(
 test_packages=(
     googletest
     clang libclang-rt-14-dev llvm-14
+    lld                        # a program linked as the Microsoft linker would
 )
 
 as_root()
