@@ -172,9 +172,10 @@ void xTAttribTable::DrawRun(WStrView run, POINT& pos, CDC* dc) const
     pos.x += RunExtent(run, dc).cx;
 }
 
+// Held to what the system's answer has room for.
 int xTAttribTable::TabStop() const noexcept
 {
-    return std::max(1, static_cast<int>(m_charWidth) * LayoutTabSize());
+    return std::clamp(static_cast<int>(m_charWidth) * LayoutTabSize(), 1, 0x7FFF);
 }
 
 // Without an origin, so that a run of tabs is exactly so many tab widths wide wherever it stands: tabs are not aligned

@@ -41,14 +41,13 @@ bool MarkAll(std::uint32_t flag, std::span<std::uint32_t> attrs) noexcept
     return !attrs.empty();
 }
 
-// The attribute words of a line may be fewer than its characters only by a fault; what has no word has no mark.
-bool MarkByBit(WStrView marks, WCHAR bit, std::uint32_t flag, std::span<std::uint32_t> attrs) noexcept
+bool MarkSelected(WStrView marks, std::span<std::uint32_t> attrs) noexcept
 {
     bool marked = false;
     const std::size_t count = std::min(marks.size(), attrs.size());
     for (std::size_t i = 0; i < count; ++i) {
-        if (marks[i] & bit) {
-            attrs[i] |= flag;
+        if (marks[i] & xTExtString::attrSelected) {
+            attrs[i] |= ATTR_SELECTION;
             marked = true;
         }
     }
@@ -62,8 +61,8 @@ bool xTAttribData::MarkLineAttrs(const xTExtString& str, std::uint32_t flag, std
     switch (flag) {
     case ATTR_EXECPOINT: return (str.m_flags & xTExtString::flagExecPoint) && MarkAll(flag, attrs);
     case ATTR_BREAKPOINT: return (str.m_flags & xTExtString::flagBreakPoint) && MarkAll(flag, attrs);
-    case ATTR_SELECTION: return MarkByBit(str.m_attrs, xTExtString::attrSelected, flag, attrs);
-    case ATTR_COMMENT: return MarkByBit(str.m_attrs, xTExtString::attrComment, flag, attrs);
+    case ATTR_SELECTION: return MarkSelected(str.m_attrs, attrs);
+    case ATTR_COMMENT: return str.CommentMask(attrs.data(), static_cast<std::int32_t>(attrs.size()));
     default: return false;
     }
 }
