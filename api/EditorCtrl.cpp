@@ -132,6 +132,8 @@ void CEditorCtrl::OnUnwound() noexcept
     m_retired.store.reset();
     m_retired.attribs.reset();
     m_retired.memDC.reset();
+    if (std::exchange(m_repaintWhenUnwound, false) && m_hWnd)
+        Invalidate();
 }
 
 LRESULT CEditorCtrl::OnSetFocus(const xTMessage& message)

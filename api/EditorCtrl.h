@@ -116,6 +116,7 @@ private:
     void FreeIdleBitmap();
 
     // Painting
+    [[nodiscard]] bool CannotPaintNow() const noexcept;
     void Paint();
     void PaintRows(const xTPaintDC& target);
     void MakePaintBitmap(HDC like, int cx, int cy);
@@ -159,7 +160,7 @@ private:
     bool m_overwrite = false;
     bool m_shown = false;
     bool m_painting = false;
-    bool m_repaintAfterPaint = false;
+    bool m_repaintWhenUnwound = false;
     std::int32_t m_leftColumn = 0;  // in character widths
     std::int32_t m_topLine = 0;
     xTBitmap m_paintBitmap;

@@ -1,5 +1,6 @@
 #include "api/EditorCtrl.h"
 
+#include "appearance/HookCall.h"
 #include "diagnostics/Guarded.h"
 
 #include <algorithm>
@@ -37,10 +38,17 @@ void CEditorCtrl::InvalidateCaretLine()
     InvalidateRect(strip);
 }
 
-// Inside a paint the repaint that the comment scan asks for comes right behind it, since the area stays invalid.
+// True inside a paint and inside the hook, which may run outside of a paint too: a line is measured through it.
+bool CEditorCtrl::CannotPaintNow() const noexcept
+{
+    return m_painting || xTHookCall::IsRunning(m_highlightHook);
+}
+
+// What cannot be painted now comes right behind, since the area stays invalid: this is how the repaint that the comment
+// scan asks for inside a paint is done.
 void CEditorCtrl::UpdateNow()
 {
-    if (!m_painting)
+    if (!CannotPaintNow())
         ::UpdateWindow(m_hWnd);
 }
 
@@ -70,11 +78,11 @@ LRESULT CEditorCtrl::OnPaint(const xTMessage& message)
             Default(message);
             return;
         }
-        // The hook or a message box may make the host repaint us while we paint. The bitmap is in use then: the area
-        // counts as painted, lest the host's loop spin on it, and all of it comes again behind the paint.
-        if (m_painting) {
+        // A host may repaint us from inside its hook, or while a message box is up. The area counts as painted then, lest
+        // the host's loop spin on it, and all of it comes again once the outermost handler has ended.
+        if (CannotPaintNow()) {
             ::ValidateRect(m_hWnd, nullptr);
-            m_repaintAfterPaint = true;
+            m_repaintWhenUnwound = true;
             return;
         }
         Paint();
@@ -96,8 +104,6 @@ void CEditorCtrl::Paint()
         PaintRows(target);
     }
     m_caret.Show();
-    if (std::exchange(m_repaintAfterPaint, false))
-        Invalidate();
     ::SendMessageW(m_hWnd, ED_AFTER_PAINT, 0, 0);
 }
 

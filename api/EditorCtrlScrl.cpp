@@ -101,14 +101,16 @@ void CEditorCtrl::UpdateScrollBars(int which)
     }
 }
 
-// Moves the picture; a distance beyond the client area is as good as the client area.
+// Moves the picture; a distance beyond the client area is as good as the client area. The partial row at the bottom
+// stays out of it: it shows the background, not the head of a line that was scrolled into it.
 void CEditorCtrl::ShiftBits(std::int64_t dx, std::int64_t dy)
 {
-    const RECT client = ClientRect();
-    const std::int64_t width = client.right;
-    const std::int64_t height = client.bottom;
+    RECT rows = ClientRect();
+    const std::int64_t width = rows.right;
+    const std::int64_t height = rows.bottom;
+    rows.bottom = VisibleLines() * LineHeight();
     ::ScrollWindow(m_hWnd, static_cast<int>(std::clamp(dx, -width, width)),
-                   static_cast<int>(std::clamp(dy, -height, height)), nullptr, nullptr);
+                   static_cast<int>(std::clamp(dy, -height, height)), &rows, &rows);
     m_caret.Forget();  // the system takes a caret in the moved area along
 }
 

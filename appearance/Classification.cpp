@@ -1,5 +1,6 @@
 #include "appearance/AttribData.h"
 
+#include "appearance/HookCall.h"
 #include "diagnostics/Guarded.h"
 
 #include <algorithm>
@@ -79,7 +80,8 @@ void xTAttribData::ClassifyLine(const xTExtString& str, const xTHighlightHook& h
     MarkLineAttrs(str, ATTR_SELECTION, attrs);
     if (!m_highlight)
         return;
-    if (hook.fn)
+    // A line that is classified from inside the hook itself, measured for a host that asks where the caret is, is plain.
+    if (hook.fn && !xTHookCall::IsRunning(hook))
         AskHook(text, hook, (str.m_flags & xTExtString::flagStartsInside) != 0, attrs);
     // A line with a break point or the execution point does not show its comments: kept on purpose.
     if (!execPoint && !breakPoint)
@@ -94,6 +96,7 @@ void xTAttribData::AskHook(WStrView text, const xTHighlightHook& hook, bool insi
     xTHookBuffer buffer = std::exchange(m_hookBuffer, {});
     const WCHAR* const codes = Guarded<const WCHAR*>(nullptr, [&] {
         WCHAR* const copy = buffer.Fill(text);
+        const xTHookCall call(hook);
         hook.fn(hook.ctx, copy, insideComment ? 1 : 0);
         return copy;
     });

@@ -77,10 +77,11 @@ std::vector<ControlHost::Message> ControlHost::Of(UINT id) const
 
 void Pump(DWORD milliseconds)
 {
+    constexpr int atMost = 2000;  // a host that repaints in every paint never comes to rest
     const ULONGLONG end = ::GetTickCount64() + milliseconds;
     do {
         MSG message;
-        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        for (int left = atMost; left > 0 && ::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); --left) {
             ::TranslateMessage(&message);
             ::DispatchMessageW(&message);
         }
@@ -147,4 +148,25 @@ bool Picture::Has(const RECT& area, COLORREF color) const
             if (At(x, y) == color)
                 return true;
     return false;
+}
+
+std::string Picture::Difference(const Picture& other) const
+{
+    if (m_width != other.m_width || m_height != other.m_height)
+        return "sizes differ";
+    RECT bounds{m_width, m_height, 0, 0};
+    int count = 0;
+    for (int y = 0; y < m_height; ++y) {
+        for (int x = 0; x < m_width; ++x) {
+            if (At(x, y) == other.At(x, y))
+                continue;
+            ++count;
+            bounds = {std::min<LONG>(bounds.left, x), std::min<LONG>(bounds.top, y), std::max<LONG>(bounds.right, x + 1),
+                      std::max<LONG>(bounds.bottom, y + 1)};
+        }
+    }
+    if (count == 0)
+        return "";
+    return std::to_string(count) + " pixels in " + std::to_string(bounds.left) + "," + std::to_string(bounds.top) + " to " +
+           std::to_string(bounds.right) + "," + std::to_string(bounds.bottom);
 }

@@ -57,6 +57,8 @@ public:
     [[nodiscard]] COLORREF At(int x, int y) const;  ///< a COLORREF, 0x00BBGGRR
     [[nodiscard]] bool AreaIs(const RECT& area, COLORREF color) const;
     [[nodiscard]] bool Has(const RECT& area, COLORREF color) const;
+    /// Empty when the two are the same, else how many pixels differ and where they lie.
+    [[nodiscard]] std::string Difference(const Picture& other) const;
     friend bool operator==(const Picture&, const Picture&) = default;
 
 private:
