@@ -123,6 +123,9 @@ void CEditorCtrl::PaintRows(const xTPaintDC& target)
     }
     if (!m_memDC)
         return;
+    // Nothing outside the area reaches the screen, so nothing outside it is touched: a fresh bitmap of the screen's size
+    // costs more to fill than a line costs to draw.
+    const xTClip clip(m_memDC->m_hDC, area);
     ::PatBlt(m_memDC->m_hDC, 0, 0, cx, cy, PATCOPY);
     if (m_store)
         m_store->PaintLines(m_highlightHook, m_topLine, DrawingOffset(), rows.first, rows.last, this, m_memDC.get(),

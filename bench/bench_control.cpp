@@ -5,8 +5,6 @@
 #include "bench/SampleText.h"
 #include "include/scrivctl3.h"
 
-#include <psapi.h>
-
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -22,12 +20,16 @@ struct Size {
     std::size_t characters;
 };
 
+/// The committed memory that belongs to this process alone.
 double PrivateBytes()
 {
-    PROCESS_MEMORY_COUNTERS_EX memory{};
-    memory.cb = sizeof memory;
-    ::GetProcessMemoryInfo(::GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
-    return static_cast<double>(memory.PrivateUsage);
+    double bytes = 0;
+    MEMORY_BASIC_INFORMATION region{};
+    for (const char* at = nullptr; ::VirtualQuery(at, &region, sizeof region);
+         at = static_cast<const char*>(region.BaseAddress) + region.RegionSize)
+        if (region.State == MEM_COMMIT && region.Type == MEM_PRIVATE)
+            bytes += static_cast<double>(region.RegionSize);
+    return bytes;
 }
 
 /// One row: the figure in nanoseconds, the floor it stands on, and the most it may be as a multiple; 0: no goal.

@@ -74,3 +74,18 @@ private:
     HDC m_dc;
     HGDIOBJ m_previous;
 };
+
+/// Drawing held to a rectangle in device units; at the end the context has no clipping of its own.
+class xTClip {
+public:
+    xTClip(HDC dc, const RECT& area) noexcept : m_dc(dc)
+    {
+        ::IntersectClipRect(dc, area.left, area.top, area.right, area.bottom);
+    }
+    xTClip(const xTClip&) = delete;
+    xTClip& operator=(const xTClip&) = delete;
+    ~xTClip() { ::SelectClipRgn(m_dc, nullptr); }
+
+private:
+    HDC m_dc;
+};
