@@ -1,0 +1,17 @@
+#!/bin/bash
+# bench/run.sh [SIZES]: the figures of a live control under Wine, each beside the floor that the same run measured.
+#
+# SIZES is any of the letters S, M and L: 1, 10 and 100 million characters; all of them when none is given. The machine
+# should be at rest. The program runs pinned to one processor; SCRIV_BENCH_CPU names it (0 when unset).
+set -u
+cd "$(dirname "$0")/.." || exit 1
+. tools/steps.sh
+sizes=${1-SML}
+logs=$PWD/build/logs
+
+step "build: benchmarks"
+quietly "$logs/configure-bench.log" cmake --preset win || exit 1
+quietly "$logs/build-bench.log" cmake --build --preset win --target bench_control || exit 1
+
+step "figures: $sizes, a text of 1 (S), 10 (M) and 100 (L) million characters"
+SCRIV_WINE_TIMEOUT=1800 tools/with-wine.sh taskset -c "${SCRIV_BENCH_CPU-0}" wine build/win/bin/bench_control.exe "$sizes"

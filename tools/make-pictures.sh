@@ -1,0 +1,25 @@
+#!/bin/bash
+# tools/make-pictures.sh: makes the pictures of the documents anew, from the sample host as it is built now.
+set -u
+cd "$(dirname "$0")/.." || exit 1
+. tools/steps.sh
+logs=$PWD/build/logs
+
+# picture NAME OPTION...: one picture of the sample host's window.
+picture()
+{
+    local name=$1
+    shift
+    step "picture: docs/pictures/$name.png"
+    tools/with-wine.sh wine build/win/bin/scrivpad.exe "$@" --screenshot "docs\\pictures\\$name.png" --exit ||
+        fail "the sample host left no picture"
+    python3 tools/check_picture.py "docs/pictures/$name.png" || fail "the picture is not that of a window with text"
+}
+
+step "build: the control and the sample host"
+quietly "$logs/configure-pictures.log" cmake --preset win || exit 1
+quietly "$logs/build-pictures.log" cmake --build --preset win --target scrivctl3 scrivpad || exit 1
+mkdir -p docs/pictures
+picture classic --theme 1 examples/samples/demo.cpp
+picture ocean --theme 3 --goto 30:1 examples/samples/demo.cpp
+picture ssl --theme 4 examples/samples/demo.ssl
