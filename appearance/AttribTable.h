@@ -22,6 +22,8 @@ public:
     using xTExceptSettings = ::xTExceptSettings;
 
     static constexpr DWORD fontKeys = 8;
+    static constexpr WCHAR firstPrintable = 0x20;
+    static constexpr WCHAR lastPrintable = 0x7E;
 
     /// Builds the default font, then takes `settings`, or theme `defaultTheme` where they hold nothing readable.
     /// @param dc  the control's memory context; it must outlive the table. Null: a table without fonts
@@ -106,8 +108,13 @@ private:
     };
     int MeasureRuns(WStrView text, std::span<const std::uint32_t> words, CWnd* wnd, CDC* dc, const xTHit& hit);
     [[nodiscard]] int TabStop() const noexcept;
+    void NoteAdvance(DWORD key, HDC dc) noexcept;
+    [[nodiscard]] LONG FixedAdvance(HFONT font) const noexcept;
+    [[nodiscard]] LONG RunWidth(WStrView run, CDC* dc, const xTKnown& known) const;
+    void DrawRunText(WStrView run, POINT pos, CDC* dc) const;
 
     std::array<xTFont, fontKeys> m_fonts;
+    std::array<LONG, fontKeys> m_advances{};  // of every ASCII character on m_dc, 0 where they differ
     xTFont m_temporary;  // keeps the device context busy while the fonts are rebuilt; the new base font displaces it
     xTBrush m_brush;     // the background brush last made; it stays selected until the next one displaces it
     COLORREF m_brushColor = 0;

@@ -152,10 +152,10 @@ void xTAttribTable::DrawRuns(const xTExtString& str, std::span<const std::uint32
             // The gap before a selection is painted in the background of the tabs; the selected text that follows
             // paints over the surplus.
             dc->TextOut(pos.x, pos.y, Spaces(std::int64_t{i - first} * LayoutTabSize() + 1));
-            pos.x += RunExtent(run, dc).cx;
         } else {
-            DrawRun(run, pos, dc);
+            DrawRunText(run, pos, dc);
         }
+        pos.x += RunWidth(run, dc, known);
     }
 }
 
@@ -163,13 +163,29 @@ void xTAttribTable::DrawRun(WStrView run, POINT& pos, CDC* dc) const
 {
     if (run.empty() || !dc)
         return;
+    DrawRunText(run, pos, dc);
+    pos.x += RunExtent(run, dc).cx;
+}
+
+void xTAttribTable::DrawRunText(WStrView run, POINT pos, CDC* dc) const
+{
     if (BeginsWithTab(run)) {
         const int stop = TabStop();
         ::TabbedTextOutW(dc->m_hDC, pos.x, pos.y, run.data(), static_cast<int>(run.size()), 1, &stop, 0);
     } else {
         dc->TextOut(pos.x, pos.y, run);
     }
-    pos.x += RunExtent(run, dc).cx;
+}
+
+// Asking the system costs nearly as much as drawing. Its answer for ASCII text in a font whose ASCII characters are all
+// equally wide is the sum of their widths: no shaping and no kerning takes part there.
+LONG xTAttribTable::RunWidth(WStrView run, CDC* dc, const xTKnown& known) const
+{
+    const LONG advance = dc == m_dc ? FixedAdvance(known.font) : 0;
+    const auto isPrintable = [](WCHAR ch) { return ch >= firstPrintable && ch <= lastPrintable; };
+    if (advance != 0 && std::all_of(run.begin(), run.end(), isPrintable))
+        return advance * static_cast<LONG>(run.size());
+    return RunExtent(run, dc).cx;
 }
 
 // Held to what the system's answer has room for.
@@ -232,7 +248,7 @@ int xTAttribTable::MeasureRuns(WStrView text, std::span<const std::uint32_t> wor
         const std::int32_t first = i;
         i = RunEnd(text, first, words);
         const int before = width;
-        const LONG runWidth = RunExtent(text.substr(first, i - first), dc).cx;
+        const LONG runWidth = RunWidth(text.substr(first, i - first), dc, known);
         width += runWidth;
         if (searching && width < *hit.targetX)
             *hit.outCol = i;

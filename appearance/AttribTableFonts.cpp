@@ -4,6 +4,8 @@
 #include "framework/win/CDC.h"
 
 #include <algorithm>
+#include <array>
+#include <numeric>
 
 namespace {
 
@@ -12,6 +14,23 @@ constexpr const WCHAR* missingFont = _T("Шрифт редактора не на
 
 // The base font is made first; the others follow in this order.
 constexpr DWORD styledKeys[] = {1, 2, 4, 3, 5, 6, 7};
+
+// @return the width that all printable ASCII characters of the selected font have, alone and in a row; 0 when they have
+// not all the same
+LONG CommonAdvance(HDC dc) noexcept
+{
+    constexpr int count = xTAttribTable::lastPrintable - xTAttribTable::firstPrintable + 1;
+    std::array<WCHAR, count> all;
+    std::iota(all.begin(), all.end(), xTAttribTable::firstPrintable);
+    std::array<int, count> upTo{};  // the width of the row up to each character
+    SIZE size{};
+    if (!::GetTextExtentExPointW(dc, all.data(), count, 0, nullptr, upTo.data(), &size))
+        return 0;
+    for (int i = 0; i < count; ++i)
+        if (SIZE one{}; !::GetTextExtentPoint32W(dc, &all[i], 1, &one) || one.cx != upTo[0] || upTo[i] != (i + 1) * one.cx)
+            return 0;
+    return size.cx == count * upTo[0] ? upTo[0] : 0;
+}
 
 xTFont MakeFont(const LOGFONTW& lf) noexcept
 {
@@ -58,6 +77,7 @@ bool xTAttribTable::BuildFonts(LOGFONTW* lf, CDC* dc)
     DropDisplaced(displaced);
     DeleteFonts();
     m_fonts[0] = std::move(base);
+    NoteAdvance(0, dc->m_hAttribDC);
     for (const DWORD key : styledKeys) {
         *lf = m_logFont;
         add_font(lf, key, dc->m_hAttribDC);
@@ -88,9 +108,11 @@ void xTAttribTable::add_font(LOGFONTW* lf, DWORD key, HDC dc)
     if (!font || key >= fontKeys)
         return;
     m_fonts[key] = std::move(font);
+    m_advances[key] = 0;
     const HGDIOBJ previous = ::SelectObject(dc, m_fonts[key].get());
     if (!previous)
         throw xTExceptSettings{brokenFont, _T("add_font(...)")};
+    NoteAdvance(key, dc);
     ::SelectObject(dc, previous);
     Measure(dc);
 }
@@ -121,6 +143,20 @@ HFONT xTAttribTable::FindFont(DWORD key) const noexcept
     return key < fontKeys ? m_fonts[key].get() : nullptr;
 }
 
+// Another context may have another resolution: what is measured there tells nothing about the control's own.
+void xTAttribTable::NoteAdvance(DWORD key, HDC dc) noexcept
+{
+    m_advances[key] = m_dc && m_dc->m_hAttribDC == dc ? CommonAdvance(dc) : 0;
+}
+
+LONG xTAttribTable::FixedAdvance(HFONT font) const noexcept
+{
+    for (DWORD key = 0; key < fontKeys; ++key)
+        if (font && m_fonts[key].get() == font)
+            return m_advances[key];
+    return 0;
+}
+
 // No font dies while the control's context holds it: the system would keep it alive and it would be lost.
 void xTAttribTable::DeleteFonts() noexcept
 {
@@ -131,6 +167,7 @@ void xTAttribTable::DeleteFonts() noexcept
             ::SelectObject(dc, ::GetStockObject(SYSTEM_FONT));
         font.reset();
     }
+    m_advances.fill(0);
 }
 
 void xTAttribTable::CopyFonts(const xTAttribTable& other)

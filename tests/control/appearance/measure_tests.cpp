@@ -1,6 +1,7 @@
 #include "tests/control/appearance/Canvas.h"
 
-#include <cmath>
+#include <algorithm>
+#include <cwchar>
 
 namespace {
 
@@ -177,6 +178,30 @@ TEST_F(MeasureTest, AHookThatTakesTheContextAwayMeasuresNull)
     TestHook host{[&](wchar_t*, int) { canvas.dc.m_hDC = nullptr; }};
     EXPECT_EQ(Width(0, 3, host.hook()), 0);
     canvas.dc.m_hDC = dc;
+}
+
+TEST_F(MeasureTest, WidthsAreThoseThatTheSystemTellsInEveryStyleAndFace)
+{
+    const std::wstring samples[] = {L"plain ASCII fi ffl AVAWA 0123 ~}|{", L"Щедрый №5 \x00E9\x00DF", L"mixed \x0416 text", L"W", L"\x0001\x007F"};
+    for (const wchar_t* face : {L"Courier New", L"Liberation Sans", L"Liberation Serif"}) {
+        LOGFONTW lf = table->m_logFont;
+        ::lstrcpynW(lf.lfFaceName, face, LF_FACESIZE);
+        ASSERT_TRUE(table->create_fonts(&lf, &canvas.dc));
+        const std::int32_t entry = table->FindEntry(ATTR_TEXT);
+        for (DWORD key = 0; key < 8; ++key) {
+            table->m_bold[entry] = key & 1;
+            table->m_italic[entry] = key & 2;
+            table->m_underline[entry] = key & 4;
+            TestHook plain{[](wchar_t* text, int) { std::fill(text, text + std::wcslen(text), L'\1'); }};
+            for (const std::wstring& sample : samples) {
+                Text(sample);
+                const xTSelect selected(canvas.dc.m_hDC, table->FindFont(key));
+                SIZE size{};
+                ::GetTextExtentPoint32W(canvas.dc.m_hDC, sample.data(), static_cast<int>(sample.size()), &size);
+                EXPECT_EQ(Width(0, 1000, plain.hook()), size.cx) << key;
+            }
+        }
+    }
 }
 
 // The store's two operations on it
