@@ -75,6 +75,8 @@ LRESULT CEditorCtrl::OnCreate(const xTMessage& message)
 {
     if (Default(message) == -1)
         return -1;
+    if (std::exchange(m_partsMade, true))
+        return 0;  // not the system's message: somebody sent it to a living window
     // After a fault a half-built control goes on living; whoever uses a part asks whether it is there.
     return Guarded(LRESULT{0}, [&]() -> LRESULT { return MakeParts() ? 0 : -1; });
 }
@@ -117,6 +119,8 @@ LRESULT CEditorCtrl::OnDestroy(const xTMessage& message)
 // control from inside the highlight hook, in the middle of a paint.
 void CEditorCtrl::RetireParts() noexcept
 {
+    if (!m_memDC)
+        return;  // somebody sent the message to a window whose parts are retired already
     m_retired.store = std::move(m_store);
     DropPaintBitmap();
     if (m_previousBitmap) {

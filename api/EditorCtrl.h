@@ -158,6 +158,7 @@ private:
     std::unique_ptr<CDC> m_memDC;  // all measuring and off-screen drawing goes through it
     bool m_editable;
     bool m_overwrite = false;
+    bool m_partsMade = false;
     bool m_shown = false;
     bool m_painting = false;
     bool m_repaintWhenUnwound = false;

@@ -1,11 +1,13 @@
 #include "framework/win/CWnd.h"
 
 #include <cwchar>
+#include <utility>
 
 namespace {
 
 constexpr const WCHAR* className = L"ScrivCtl3";
 ATOM registeredClass = 0;
+thread_local CWnd* creating = nullptr;  // the object whose window this thread is making
 
 }  // namespace
 
@@ -55,12 +57,14 @@ bool CWnd::CreateWnd(xTCreation creation) noexcept
     if (!atom)
         return false;
     PreCreateWindow(creation);
+    creating = this;
     const RECT& rect = creation.rect;
     const auto childId = static_cast<INT_PTR>(creation.childId);
     const HWND made = ::CreateWindowExW(creation.exStyle, className, creation.caption ? creation.caption : L"",
                                         creation.style, rect.left, rect.top, rect.right - rect.left,
                                         rect.bottom - rect.top, creation.parent, reinterpret_cast<HMENU>(childId),
-                                        ThisModule(), this);
+                                        ThisModule(), nullptr);
+    creating = nullptr;
     return made && made == m_hWnd;  // the parent may have destroyed it while it was being made
 }
 
@@ -85,12 +89,13 @@ void CWnd::Unwound() noexcept
 
 LRESULT CALLBACK CWnd::Procedure(HWND wnd, UINT id, WPARAM wParam, LPARAM lParam) noexcept
 {
-    if (id == WM_NCCREATE) {
-        auto* object = static_cast<CWnd*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
+    auto* object = reinterpret_cast<CWnd*>(::GetWindowLongPtrW(wnd, 0));
+    // Only the system's own first message brings a record; one that somebody sends later may bring anything.
+    if (id == WM_NCCREATE && !object && creating) {
+        object = std::exchange(creating, nullptr);
         object->m_hWnd = wnd;
         ::SetWindowLongPtrW(wnd, 0, reinterpret_cast<LONG_PTR>(object));
     }
-    auto* object = reinterpret_cast<CWnd*>(::GetWindowLongPtrW(wnd, 0));
     if (!object)
         return ::DefWindowProcW(wnd, id, wParam, lParam);
 

@@ -520,6 +520,23 @@ TEST_F(Window, AParentMayDestroyTheControlWhileItIsBeingMade)
     ::DestroyWindow(parent);
 }
 
+TEST_F(Window, MessagesOfTheSystemSentByHandDoNoHarm)
+{
+    for (const UINT id : {WM_NCCREATE, WM_CREATE, WM_DESTROY, WM_DESTROY, WM_CREATE, WM_NCDESTROY, WM_PAINT, WM_SETFOCUS}) {
+        given(lines(20));
+        ::SendMessageW(control, id, 0, 0);
+        ::SendMessageW(control, id, 0, 0x12345);
+        edLoadText(control, L"text", 0xFFFFFFFF);
+        edSetCaretPosition(control, 0, 1);
+        ::SendMessageW(control, WM_VSCROLL, SB_PAGEDOWN, 0);
+        Pump();
+        edDestroyCtrl(control);
+        ::DestroyWindow(control);
+    }
+    given(L"alive");
+    EXPECT_EQ(TextOf(control), L"alive");
+}
+
 TEST_F(Window, DestroyingTheParentDestroysTheControls)
 {
     given(lines(10));
