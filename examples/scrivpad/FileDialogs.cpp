@@ -51,9 +51,20 @@ void AddEncodings(IFileDialogCustomize& custom, UINT32 selected)
     custom.EndVisualGroup();
 }
 
-[[nodiscard]] std::wstring FileName(const std::wstring& path)
+/// Starts the dialog in the folder of `path`, and a save with its name; what is not there is left to the system.
+void ShowStartOf(IFileDialog& dialog, FileDialogKind kind, const std::wstring& path)
 {
-    return path.substr(path.find_last_of(L"\\/") + 1);
+    const std::size_t folderLength = path.find_last_of(L"\\/");
+    if (folderLength == std::wstring::npos)
+        return;
+    void* raw = nullptr;
+    const std::wstring folder = path.substr(0, folderLength + 1);
+    if (SUCCEEDED(::SHCreateItemFromParsingName(folder.c_str(), nullptr, IID_IShellItem, &raw))) {
+        const ComPtr<IShellItem> item(static_cast<IShellItem*>(raw));
+        dialog.SetFolder(item.get());
+    }
+    if (kind == FileDialogKind::save)
+        dialog.SetFileName(path.c_str() + folderLength + 1);
 }
 
 [[nodiscard]] std::wstring ChosenPath(IFileDialog& dialog)
@@ -74,8 +85,7 @@ std::optional<FileChoice> AskForFile(HWND owner, FileDialogKind kind, const File
     AddEncodings(*custom, start.encoding);
     dialog->SetFileTypes(static_cast<UINT>(std::size(filters)), filters);
     dialog->SetFileTypeIndex(kind == FileDialogKind::open ? 1 : allFilesFilter);
-    if (kind == FileDialogKind::save && !start.path.empty())
-        dialog->SetFileName(FileName(start.path).c_str());
+    ShowStartOf(*dialog, kind, start.path);
 
     const HRESULT shown = dialog->Show(owner);
     if (shown == HRESULT_FROM_WIN32(ERROR_CANCELLED))

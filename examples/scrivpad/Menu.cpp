@@ -76,9 +76,12 @@ HMENU BuildMenu()
     ::AppendMenuW(encodingPopup, MF_SEPARATOR, 0, nullptr);
     AddPopup(encodingPopup, PopupOf(encodings, cmdFirstReopen), L"&Перечитать файл как");
 
+    const HMENU viewPopup = ::CreatePopupMenu();
+    AddPopup(viewPopup, PopupOf(themes, cmdFirstTheme), L"&Тема");
+
     const HMENU menu = ::CreateMenu();
     AddPopup(menu, PopupOf(fileRows), L"&Файл");
-    AddPopup(menu, PopupOf(themes, cmdFirstTheme), L"&Вид");
+    AddPopup(menu, viewPopup, L"&Вид");
     AddPopup(menu, encodingPopup, L"&Кодировка");
     AddPopup(menu, PopupOf(helpRows), L"&Справка");
     return menu;

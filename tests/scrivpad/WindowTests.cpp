@@ -1,0 +1,233 @@
+// The window of the sample host, driven by its commands.
+#include "Failure.h"
+#include "MainWindow.h"
+#include "Menu.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+using namespace scrivpad;
+
+namespace {
+
+class Window : public testing::Test {
+protected:
+    void TearDown() override
+    {
+        for (const std::wstring& path : m_files) {
+            ::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+            ::DeleteFileW(path.c_str());
+        }
+    }
+
+    /// @return the whole path of a file of that name, which goes at the end of the test
+    std::wstring Path(const wchar_t* name)
+    {
+        m_files.push_back(WholePath(name));
+        return m_files.back();
+    }
+
+    std::wstring Write(const wchar_t* name, const std::string& bytes)
+    {
+        const std::wstring path = Path(name);
+        std::ofstream(path.c_str(), std::ios::binary) << bytes;
+        return path;
+    }
+
+    [[nodiscard]] static std::string Read(const std::wstring& path)
+    {
+        std::ifstream file(path.c_str(), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+
+    /// @return the one control in the window
+    [[nodiscard]] HWND Control() const
+    {
+        HWND child = ::GetWindow(window.Handle(), GW_CHILD);
+        while (child != nullptr && edGetHWND(child) == nullptr)
+            child = ::GetWindow(child, GW_HWNDNEXT);
+        return child;
+    }
+
+    [[nodiscard]] std::wstring Text() const
+    {
+        std::wstring text(edSaveText(Control(), nullptr), L'\0');
+        edSaveText(Control(), text.data());
+        text.pop_back();
+        return text;
+    }
+
+    [[nodiscard]] edPoint Position(int code) const
+    {
+        edPoint point = {-7, -7};
+        edGetPosition(Control(), code, &point);
+        return point;
+    }
+
+    [[nodiscard]] std::wstring Title() const
+    {
+        wchar_t title[200] = {};
+        ::GetWindowTextW(window.Handle(), title, std::size(title));
+        return title;
+    }
+
+    /// Runs a menu command, or the one `offset` rows behind it.
+    void Choose(unsigned command, unsigned offset = 0)
+    {
+        ::SendMessageW(window.Handle(), WM_COMMAND, command + offset, 0);
+    }
+
+    void ChooseTheme(unsigned number)
+    {
+        const HWND before = Control();
+        Choose(cmdFirstTheme, number - 1);
+        ASSERT_NE(Control(), nullptr);
+        EXPECT_FALSE(::IsWindow(before)) << "the theme was not changed";
+    }
+
+    MainWindow window{ED_THEME_CLASSIC};
+
+private:
+    std::vector<std::wstring> m_files;
+};
+
+void ExpectAt(const edPoint& point, int line, int col)
+{
+    EXPECT_EQ(point.y, line);
+    EXPECT_EQ(point.x, col);
+}
+
+TEST_F(Window, StartsWithAnEmptyTextWithoutAName)
+{
+    EXPECT_EQ(edGetLineCount(Control()), 0u);
+    EXPECT_EQ(Title(), L"Без имени \x2013 Scrivpad");
+}
+
+TEST_F(Window, KeepsCaretViewAndBreakPointsThroughAThemeChange)
+{
+    std::string text;
+    for (int i = 0; i < 300; ++i)
+        text += "line " + std::to_string(i) + "\n";
+    window.Open(Write(L"window.txt", text), ED_ENCODING_DEFAULT);
+    window.Show(SW_SHOWNOACTIVATE);
+    window.GoTo({121, 4});
+    edSetScrollPosition(Control(), 110, 0);
+    edSetBreakPoint(Control(), 5);
+    edSetBreakPoint(Control(), 200);
+    const std::wstring before = Text();
+
+    ChooseTheme(ED_THEME_OCEAN);
+    EXPECT_EQ(Text(), before);
+    ExpectAt(Position(ED_POSITION_CARET), 120, 3);
+    ExpectAt(Position(ED_POSITION_VIEWPORT), 110, 0);
+    ASSERT_EQ(edGetBreakPointCount(Control()), 2);
+    EXPECT_EQ(edGetBreakPointLine(Control(), 0), 5);
+    EXPECT_EQ(edGetBreakPointLine(Control(), 1), 200);
+}
+
+TEST_F(Window, KeepsTheSelectionThroughAThemeChangeWithTheCaretAtEitherEnd)
+{
+    window.Open(Write(L"window.txt", "one\ntwo\nthree"), ED_ENCODING_DEFAULT);
+    for (const bool backwards : {false, true}) {
+        const edPoint from = backwards ? edPoint{2, 2} : edPoint{1, 0};
+        const edPoint to = backwards ? edPoint{1, 0} : edPoint{2, 2};
+        edSetCaretPosition(Control(), from.y, from.x);
+        edSetCaretPositionAdv(Control(), to.y, to.x, ED_CARET_SELECT);
+        ChooseTheme(ED_THEME_DUSK);
+        ExpectAt(Position(ED_POSITION_SELECTION_FIRST), 0, 1);
+        ExpectAt(Position(ED_POSITION_SELECTION_LAST), 2, 1);
+        ExpectAt(Position(ED_POSITION_CARET), to.y, to.x);
+    }
+}
+
+TEST_F(Window, KeepsLineEndsAndMarkOfTheFileThroughAThemeChange)
+{
+    const std::string bytes = "\xEF\xBB\xBFone\r\n\xD0\x96\r\nthree";
+    window.Open(Write(L"window.txt", bytes), ED_ENCODING_DEFAULT);
+    ChooseTheme(ED_THEME_MIRANA);
+    const std::wstring saved = Path(L"window saved.txt");
+    window.SaveAs(saved, window.CurrentDocument().encoding);
+    EXPECT_EQ(Read(saved), bytes);
+}
+
+TEST_F(Window, KeepsALastEmptyLineThroughAThemeChange)
+{
+    window.Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
+    for (const wchar_t* text : {L"\n", L"a\n\n", L"\n\n", L"a\n\n\n"}) {
+        edLoadText(Control(), text, 1);
+        const UINT32 lines = edGetLineCount(Control());
+        ChooseTheme(ED_THEME_TIBERITE);
+        EXPECT_EQ(edGetLineCount(Control()), lines);
+    }
+}
+
+TEST_F(Window, KeepsCharactersThatTheFilesEncodingLacksThroughAThemeChange)
+{
+    window.Open(Write(L"window.txt", "caf\xE9"), ED_ENCODING_DEFAULT);
+    ASSERT_EQ(window.CurrentDocument().encoding, UINT32{ED_ENCODING_ANSI});
+    edLoadText(Control(), L"снег \x2603", 1);
+    ChooseTheme(ED_THEME_OCEAN);
+    EXPECT_EQ(Text(), L"снег \x2603");
+}
+
+TEST_F(Window, MarksAChangedTextInItsTitleUntilItIsSaved)
+{
+    window.Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
+    EXPECT_EQ(Title(), L"window.txt \x2013 Scrivpad");
+    ::SendMessageW(window.Handle(), ED_NOTIFY_CARET, 0, 0);
+    EXPECT_EQ(Title(), L"window.txt \x2013 Scrivpad");
+    ::SendMessageW(window.Handle(), ED_NOTIFY_CARET, 1, 0);
+    EXPECT_EQ(Title(), L"*window.txt \x2013 Scrivpad");
+    ChooseTheme(ED_THEME_OCEAN);
+    EXPECT_EQ(Title(), L"*window.txt \x2013 Scrivpad");
+    Choose(cmdSave);
+    EXPECT_EQ(Title(), L"window.txt \x2013 Scrivpad");
+}
+
+TEST_F(Window, ShowsAReadOnlyFileReadOnlyUntilItIsSavedUnderAnotherName)
+{
+    const std::wstring path = Write(L"window.txt", "one");
+    ::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY);
+    window.Open(path, ED_ENCODING_DEFAULT);
+    EXPECT_TRUE(edGetMode(Control(), ED_MODE_READONLY));
+    window.SaveAs(Path(L"window saved.txt"), ED_ENCODING_UTF8);
+    EXPECT_FALSE(edGetMode(Control(), ED_MODE_READONLY));
+    EXPECT_EQ(Text(), L"one");
+}
+
+TEST_F(Window, KeepsItsTextWhenAFileCannotBeOpened)
+{
+    window.Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
+    EXPECT_THROW(window.Open(L"no such file.txt", ED_ENCODING_DEFAULT), Failure);
+    EXPECT_EQ(Text(), L"one");
+    EXPECT_EQ(Title(), L"window.txt \x2013 Scrivpad");
+}
+
+TEST_F(Window, ShowsAnEmptyFileAsAnEmptyText)
+{
+    window.Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
+    window.Open(Write(L"window empty.txt", ""), ED_ENCODING_DEFAULT);
+    EXPECT_EQ(Text(), L"");
+}
+
+TEST_F(Window, ReadsTheFileAgainInAnotherEncoding)
+{
+    window.Open(Write(L"window.txt", "\xE1"), ED_ENCODING_DEFAULT);
+    EXPECT_EQ(Text(), L"\x00E1");
+    Choose(cmdFirstReopen, ED_ENCODING_OEM);
+    EXPECT_EQ(window.CurrentDocument().encoding, UINT32{ED_ENCODING_OEM});
+    EXPECT_EQ(Text(), L"\x00DF");
+}
+
+TEST_F(Window, SavesInTheEncodingOfTheMenu)
+{
+    const std::wstring path = Write(L"window.txt", "a\xD0\x96");
+    window.Open(path, ED_ENCODING_DEFAULT);
+    Choose(cmdFirstEncoding, ED_ENCODING_UTF16BE);
+    Choose(cmdSave);
+    EXPECT_EQ(Read(path), std::string("\xFE\xFF\0a\x04\x16", 6));
+}
+
+}  // namespace
