@@ -18,6 +18,7 @@ public:
 
 private:
     void count_one(WCHAR ch) noexcept;
+    void count_step(const WCHAR* p) noexcept;
 
     std::size_t m_zeros = 0;
     std::size_t m_feeds = 0;
