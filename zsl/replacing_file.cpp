@@ -61,10 +61,7 @@ bool replacing_file::commit()
     m_open = false;
     if (m_inPlace)
         return overwrite_file(m_target, m_bytes);
-    const bool done = m_file.Sync() && m_file.Close() && replace();
-    if (!done)
-        drop_temporary();
-    return done;
+    return m_file.Sync() && m_file.Close() && replace();
 }
 
 bool replacing_file::replace()

@@ -18,7 +18,7 @@ public:
     explicit replacing_file(const WString& path);
     replacing_file(const replacing_file&) = delete;
     replacing_file& operator=(const replacing_file&) = delete;
-    ~replacing_file();  ///< without a commit the target stays as it is
+    ~replacing_file();  ///< takes the temporary file away; without a commit the target stays as it is
 
     [[nodiscard]] bool is_open() const noexcept { return m_open; }
     [[nodiscard]] bool write(std::string_view bytes);

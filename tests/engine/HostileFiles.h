@@ -181,6 +181,4 @@ inline constexpr xTHostileFile hostileFiles[] = {
     {"ReturnsOnly", "a\rb\r"sv, any, any, _T("a\rb\r")},
     {"LoneReturnsIn8Bit", "\xff\r\r"sv, any, ansi, eightBit},
     {"NextLineAndSeparators", "a\xc2\x85\xe2\x80\xa8\xe2\x80\xa9"sv, any, utf8, _T("a\x85\x2028\x2029")},
-    {"ReturnAtTheEndOfAStep", "012345678901234\r\n0123"sv, any, any, _T("012345678901234\n0123"), false, true},
-    {"LineFeedAloneAtTheStartOfAStep", "0123456789012345\n0123"sv, any, any, _T("0123456789012345\n0123")},
 };

@@ -94,6 +94,19 @@ TEST(TextDecoder, EveryByteOfTheCodePagesComesBackTheSame)
     expect_as_naive(bytes, text_encoding(E_CharSet::oem));
 }
 
+TEST(TextDecoder, SeesALineEndAtEveryPlace)
+{
+    for (std::size_t place = 0; place < 200; ++place) {
+        expect_as_naive(std::string(place, 'a') + "\r\n" + std::string(70, 'b'), text_encoding());
+        expect_as_naive(std::string(place, 'a') + "\r\nb", text_encoding(E_CharSet::ansi));
+        expect_as_naive(std::string(place, 'a') + "\n" + std::string(70, 'b') + "\r\n", text_encoding());
+    }
+    for (std::size_t place = 32760; place < 32775; ++place) {  // where the pieces of the decoder meet
+        expect_as_naive(std::string(place, 'a') + "\r\n", text_encoding());
+        expect_as_naive(std::string(place, 'a') + "\xf0\x9f\x98\x80\r\n", text_encoding());
+    }
+}
+
 TEST(TextDecoder, RefusesMoreCharactersThanTheLimit)
 {
     const text_encoding asked;

@@ -103,7 +103,7 @@ TEST_P(SaveFaults, LeaveOldOrNewBytesWhicheverCallFails)
         const int calls = calls_of_a_save(text.wide);
         ASSERT_GT(calls, 4);
         for (int n = 1; n <= calls; ++n) {
-            SCOPED_TRACE(testing::Message() << "call " << n << " of " << calls << ", " << text.bytes.size() << " bytes");
+            SCOPED_TRACE(testing::Message() << "call " << n << " of " << calls << ", size " << text.bytes.size());
             prepare();
             FileFaults().failCall = n;
             const bool saved = save(text.wide);
@@ -175,6 +175,16 @@ TEST_P(SaveFaults, KeepTheOldBytesForACharacterThatHasNoPlace)
     EXPECT_FALSE(stream.flush());
     EXPECT_FALSE(stream.close());
     expect_old_or_new(false, "");
+    expect_nothing_left();
+}
+
+TEST_P(SaveFaults, DoNotBeginToOverwriteWithoutACopyOfTheOldBytes)
+{
+    permissions(rescue.path(), anyoneWrites, perm_options::remove);
+    const bool saved = save(_T("new"));
+    permissions(rescue.path(), anyoneWrites, perm_options::add);
+    EXPECT_EQ(saved, GetParam() == xTWay::replaced);
+    expect_old_or_new(saved, "new");
     expect_nothing_left();
 }
 

@@ -156,7 +156,8 @@ TEST_F(TextFileStream, IsNotOpenForWhatIsNoFile)
 TEST_F(TextFileStream, IsNotOpenForADevice)
 {
 #ifdef _WIN32
-    for (const WCHAR* name : {L"CON", L"NUL", L"nul", L"CONIN$", L"COM1", L"\\\\.\\NUL", L"\\\\.\\C:", L"\\\\.\\pipe\\x"}) {
+    for (const WCHAR* name : {L"CON", L"NUL", L"nul", L"CONIN$", L"COM1", L"\\\\.\\NUL", L"\\\\.\\C:",
+                              L"\\\\.\\pipe\\x"}) {
 #else
     for (const WCHAR* name : {_T("/dev/null"), _T("/dev/zero"), _T("/dev/tty"), _T("/dev")}) {
 #endif

@@ -13,8 +13,9 @@ xTTestFolder::xTTestFolder()
 
 xTTestFolder::~xTTestFolder()
 {
+    using std::filesystem::perm_options, std::filesystem::perms;
     std::error_code ignored;
-    std::filesystem::permissions(m_path, std::filesystem::perms::owner_all, std::filesystem::perm_options::add, ignored);
+    std::filesystem::permissions(m_path, perms::owner_all, perm_options::add, ignored);
     std::filesystem::remove_all(m_path, ignored);
 }
 

@@ -11,7 +11,8 @@
 #include <cstdlib>
 #include <optional>
 
-// Rights are read from the mode bits and not asked of the system: tests run as the superuser too, whom it refuses nothing.
+// Rights are read from the mode bits and not asked of the system: tests run as the superuser too, whom it refuses
+// nothing.
 
 xTFileFaults& FileFaults() noexcept
 {
