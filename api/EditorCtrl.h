@@ -38,7 +38,8 @@ public:
     // Text in and out
     bool LoadFile(const WCHAR* path, std::uint32_t* encoding);
     bool SaveFile(const WCHAR* path, std::uint32_t encoding);
-    bool LoadTextInto(const WCHAR* text, std::uint32_t maxChars);
+    /// @param from  how the text stands in the file that it comes from; a text from elsewhere has no such facts
+    bool LoadTextInto(const WCHAR* text, std::uint32_t maxChars, const zsl::text_encoding& from = {});
     std::uint32_t SaveText(WCHAR* buffer) const;
     bool GetLine(std::uint32_t line, bool fromSelection, WCHAR* buffer, std::uint32_t* length);
 
@@ -171,7 +172,7 @@ private:
     std::uint32_t m_idleMs = 0;  // since the last paint
     std::uint32_t m_defaultTheme;
     POINT m_lastMousePoint{-1, -1};
-    zsl::text_encoding m_fileEncoding;  // of the file last loaded: its mark and line ends go back into a save
+    zsl::text_encoding m_fileEncoding;  // of the file that the text came from: its mark and line ends go back into a save
     xTCaret m_caret;
 
     // What OnDestroy takes out of use while a handler further up the stack may still be working with it.

@@ -22,10 +22,9 @@ bool CEditorCtrl::LoadFile(const WCHAR* path, std::uint32_t* encoding)
     WString text;
     stream.read_solid_text(text);
     stream.close();
-    m_fileEncoding = found;
     // An empty file leaves the old text in the control: required behaviour.
     if (!text.empty())
-        LoadTextInto(text.c_str(), static_cast<std::uint32_t>(text.size()));
+        LoadTextInto(text.c_str(), static_cast<std::uint32_t>(text.size()), found);
     return true;
 }
 
@@ -37,10 +36,11 @@ bool CEditorCtrl::SaveFile(const WCHAR* path, std::uint32_t encoding)
     return m_store->save_file(path, zsl::encoding_of_code(encoding).as_before(m_fileEncoding));
 }
 
-bool CEditorCtrl::LoadTextInto(const WCHAR* text, std::uint32_t maxChars)
+bool CEditorCtrl::LoadTextInto(const WCHAR* text, std::uint32_t maxChars, const zsl::text_encoding& from)
 {
     if (!m_store)
         return false;
+    m_fileEncoding = from;
     // The lesser of `maxChars` and the text's length is tested for zero and for nothing else, so the first character
     // tells as much as the length.
     const bool hasText = text && *text && maxChars != 0;

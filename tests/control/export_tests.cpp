@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <filesystem>
+#include <fstream>
 
 namespace {
 
@@ -293,6 +295,140 @@ TEST_F(Exports, ALoadPutsTheCaretAtTheStartAndDropsTheSelection)
     EXPECT_EQ(caret.y, 0);
     EXPECT_EQ(edGetMode(control, ED_MODE_SELECTION), 0);
 }
+
+// ---- Files
+
+class Files : public Exports {
+protected:
+    void SetUp() override
+    {
+        wchar_t folder[MAX_PATH];
+        ::GetTempPathW(MAX_PATH, folder);
+        path = std::wstring(folder) + L"scriv_export_test.txt";
+    }
+    void TearDown() override { ::DeleteFileW(path.c_str()); }
+
+    void write(const std::string& bytes) const
+    {
+        std::ofstream(std::filesystem::path(path), std::ios::binary) << bytes;
+    }
+    std::string read() const
+    {
+        std::ifstream file(std::filesystem::path(path), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    std::wstring path;
+};
+
+TEST_F(Files, TheEncodingFoundIsReported)
+{
+    write("\xEF\xBB\xBF\xD0\x96");
+    UINT32 encoding = ED_ENCODING_ANSI;
+    EXPECT_EQ(edLoadFile(control, path.c_str(), &encoding), 1);
+    EXPECT_EQ(encoding, static_cast<UINT32>(ED_ENCODING_UTF8));
+    EXPECT_EQ(TextOf(control), L"Ж");
+}
+
+TEST_F(Files, MarkAndLineEndsGoBackIntoASaveOfTheSameCharacterSet)
+{
+    const std::string bytes = "\xEF\xBB\xBFone\r\ntwo";
+    write(bytes);
+    EXPECT_EQ(edLoadFile(control, path.c_str(), nullptr), 1);
+    EXPECT_EQ(TextOf(control), L"one\ntwo");
+    EXPECT_EQ(edSaveFile(control, path.c_str(), ED_ENCODING_UTF8), 1);
+    EXPECT_EQ(read(), bytes);
+    EXPECT_EQ(edSaveFile(control, path.c_str(), ED_ENCODING_UTF16LE), 1);
+    EXPECT_EQ(read(), std::string("\xFF\xFEo\0n\0e\0\n\0t\0w\0o\0", 16));
+}
+
+TEST_F(Files, ATextFromElsewhereForgetsTheFile)
+{
+    write("\xEF\xBB\xBFone\r\ntwo");
+    edLoadFile(control, path.c_str(), nullptr);
+    given(L"a\nb");
+    EXPECT_EQ(edSaveFile(control, path.c_str(), ED_ENCODING_UTF8), 1);
+    EXPECT_EQ(read(), "a\nb");
+}
+
+TEST_F(Files, AnEmptyFileLeavesTheOldTextAndItsFacts)
+{
+    write("one\r\ntwo");
+    edLoadFile(control, path.c_str(), nullptr);
+    write("");
+    EXPECT_EQ(edLoadFile(control, path.c_str(), nullptr), 1);
+    EXPECT_EQ(TextOf(control), L"one\ntwo");
+    EXPECT_EQ(edSaveFile(control, path.c_str(), ED_ENCODING_UTF8), 1);
+    EXPECT_EQ(read(), "one\r\ntwo");
+}
+
+TEST_F(Files, ASaveThatCannotHoldTheTextLeavesTheFile)
+{
+    write("before");
+    given(L"漢字");
+    EXPECT_EQ(edSaveFile(control, path.c_str(), ED_ENCODING_ANSI), 0);
+    EXPECT_EQ(read(), "before");
+}
+
+TEST_F(Files, NoPathIsAnsweredWithZero)
+{
+    EXPECT_EQ(edLoadFile(control, nullptr, nullptr), 0);
+    EXPECT_EQ(edSaveFile(control, nullptr, 0), 0);
+}
+
+struct Unreadable {
+    const char* name;
+    std::wstring path;
+    std::string bytes;  // written there first, if any
+};
+
+class UnreadableFiles : public Files, public testing::WithParamInterface<Unreadable> {};
+
+// Presses the button of the message box that a refused file shows, and keeps its text.
+class BoxCloser {
+public:
+    BoxCloser() { s_text.clear(); m_hook = ::SetWindowsHookExW(WH_CBT, &BoxCloser::Hook, nullptr, ::GetCurrentThreadId()); }
+    BoxCloser(const BoxCloser&) = delete;
+    BoxCloser& operator=(const BoxCloser&) = delete;
+    ~BoxCloser() { ::UnhookWindowsHookEx(m_hook); }
+    static const std::wstring& Text() { return s_text; }
+
+private:
+    static LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam)
+    {
+        const auto box = reinterpret_cast<HWND>(wParam);
+        wchar_t name[16] = L"";
+        if (code == HCBT_ACTIVATE && ::GetClassNameW(box, name, 16) && !wcscmp(name, L"#32770")) {
+            wchar_t text[256] = L"";
+            ::GetDlgItemTextW(box, 0xFFFF, text, 256);
+            s_text = text;
+            ::PostMessageW(box, WM_COMMAND, IDOK, 0);
+        }
+        return ::CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+    static inline std::wstring s_text;
+    HHOOK m_hook;
+};
+
+TEST_P(UnreadableFiles, AreRefusedWithAMessageAndTheTextStays)
+{
+    given(L"old text");
+    const Unreadable& file = GetParam();
+    if (!file.bytes.empty())
+        write(file.bytes);
+    const BoxCloser closer;
+    UINT32 encoding = ED_ENCODING_UTF8;
+    EXPECT_EQ(edLoadFile(control, (file.path.empty() ? path : file.path).c_str(), &encoding), 0);
+    EXPECT_EQ(BoxCloser::Text(), L"Невозможно открыть указанный файл");
+    EXPECT_EQ(TextOf(control), L"old text");
+    EXPECT_EQ(encoding, static_cast<UINT32>(ED_ENCODING_UTF8));
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, UnreadableFiles, testing::Values(
+    Unreadable{"Missing", L"C:\\none\\none.txt", ""}, Unreadable{"Directory", L"C:\\windows", ""},
+    Unreadable{"Device", L"NUL", ""}, Unreadable{"Console", L"CON", ""}, Unreadable{"ZeroCharacter", L"", std::string("a\0b", 3)},
+    Unreadable{"Binary", L"", std::string("MZ\0\1\2", 5)}, Unreadable{"OddUtf16", L"", std::string("\xFF\xFE" "a\0b", 5)}),
+    [](const auto& info) { return info.param.name; });
 
 // ---- Positions and modes
 
