@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
 """Checks who includes whom: check_includes.py ROOT.
 
-A folder may include itself and what stands below it; no header comes back to itself; no header of the engine brings in
-the system's own.
+A folder may include itself and what stands below it, and no header comes back to itself.
 """
 
 import pathlib
