@@ -32,6 +32,7 @@ void xTMemStorage::rescan_comments()
 void xTMemStorage::finish_rescan()
 {
     comments_valid = true;
+    stale = {xTStaleLines::nowhere, xTStaleLines::nowhere};
     if (xTStoreWindow* const window = wnd) {
         window->Invalidate();
         window->UpdateNow();

@@ -4,7 +4,7 @@
 
 // Text from the clipboard. Inside the editor a line break is one line feed, on the clipboard it has a carriage return.
 
-/// Opens the clipboard, in ten tries with 50 ms between them: another program may be holding it.
+/// Opens the clipboard: ten tries, 50 ms behind each that fails, since another program may be holding it.
 /// Raises std::runtime_error when it stays closed. @param owner may be null
 void open_clipboard(HWND owner);
 

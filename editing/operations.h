@@ -4,7 +4,7 @@
 #include "store/Positions.h"
 
 #include <cstdint>
-#include <deque>
+#include <vector>
 
 class xTMemStorage;
 class xTStoreWindow;
@@ -90,29 +90,43 @@ public:
     xTPos to;
     xTStoreWindow* window;      ///< not owned; may be null
     xTMemStorage* store;        ///< not owned; may be null
-    std::deque<xTReplaceRecord> replacements;  ///< in the order of replacing
+    /// In the order of replacing. Filled and walked from one end only, so no deque: an empty one of those costs every
+    /// keystroke two blocks.
+    std::vector<xTReplaceRecord> replacements;
     bool split = false;         ///< the deletion stopped at the join limit; undo hands it back as `rejoin`
 
 private:
     xTOperation(std::int32_t kind, xTStoreWindow* window, xTMemStorage* store) noexcept;
 
+    void read_character_before();
     void read_clipboard_text();
-    void apply_kind(bool& done);
+
+    [[nodiscard]] bool apply_kind();
     void apply_overwrite();
+    void apply_backspace();
     void apply_enter();
     void apply_block();
-    void apply_selection_change();
-    void apply_lines();
+    [[nodiscard]] bool apply_replace();
     void apply_replace_all();
+    void apply_to_selection();
+    void apply_to_lines();
     void auto_indent();
+    void replace_matches();
+
     void undo_kind();
     void undo_overwrite();
+    void undo_enter();
     void undo_block();
     void redo_kind();
-    void swap_lines(std::int32_t removed, std::int32_t& inserted, CString& by);
+    void insert_and_show(const xTPos& at, std::int32_t& length, CString& piece);
+    void swap_text(const xTPos& at, std::int32_t removed, std::int32_t& added, CString& by);
     void swap_match(const CString& present, const CString& wanted);
-    void swap_all_matches(bool back);
-    void go_to_place();
+    void swap_matches(bool back);
+
+    void transform_selection();
+    void transform_lines();
+    void show_place();
+    void clear_selection();
     void invalidate() const;
     void update_now() const;
     void ensure_caret_visible() const;

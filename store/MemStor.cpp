@@ -39,6 +39,7 @@ void xTMemStorage::reset()
     lines.RemoveAll();
     selection = {};
     caret = {0, 0};
+    stale = {};
 }
 
 bool xTMemStorage::load_text(const WCHAR* text, std::int32_t length)
@@ -109,6 +110,7 @@ void xTMemStorage::copy_from(const xTMemStorage& other)
         lines.RemoveAll();
         comments_valid = other.comments_valid;
         exec_line = other.exec_line;
+        stale = {};
         lines.Reserve(other.lines.GetSize());
         for (std::int32_t i = 0; i < other.line_count(); ++i)
             lines.Add(other.lines[i]);

@@ -195,6 +195,18 @@ private:
     void put_on_line(xTPos& pos, std::int32_t line) const;
     [[nodiscard]] CString piece_of_line(const xTPos& from, std::int32_t last) const;
     [[nodiscard]] CString joined_lines(const xTPos& from, const xTPos& to) const;
+    void insert_pieces(std::int32_t& count, CString& text);
+    void join_next_line();
+    void shift_selection(const xTPos& start, std::int32_t lineDelta, std::int32_t shift);
+    void delete_selection(CString& text, xTPos& pos, std::int32_t& count, bool& split);
+    void delete_one(CString& text, const xTPos& pos, std::int32_t& count, bool& split);
+    void replace_selected(xTPos& pos, CString& find, const CString& replacement, bool match_case, xTPos& replaced,
+                          xTPos& behind);
+    void show_match(const xTPos& match, std::int32_t length);
+    void show_replaced(const xTPos& replaced, const xTPos& behind);
+    [[nodiscard]] const xTTabSettings& tabs() const noexcept;
+    template <typename Change>
+    void change_block(Change change);
     void finish_rescan();
     [[nodiscard]] std::int32_t opening_in_line(const xTPos& at) const;
     [[nodiscard]] xTPos closing_behind(xTPos at) const;

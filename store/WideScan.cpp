@@ -167,6 +167,24 @@ std::size_t FindUnit(WStrView text, WCHAR ch, std::size_t from) noexcept
     return text.size();
 }
 
+std::size_t FindAnyUnit(WStrView text, std::span<const WCHAR> units, std::size_t from) noexcept
+{
+    std::size_t i = from;
+    for (; i + blockUnits <= text.size(); i += blockUnits) {
+        const xTBlock block = BlockAt(text.data() + i);
+        unsigned hits = 0;
+        for (const WCHAR unit : units)
+            hits |= MaskOf(block, unit);
+        if (hits != 0)
+            return i + FirstBit(hits);
+    }
+    for (; i < text.size(); ++i) {
+        if (std::ranges::find(units, text[i]) != units.end())
+            return i;
+    }
+    return text.size();
+}
+
 std::int32_t FindPair(WStrView text, WCHAR a, WCHAR b, std::int32_t from) noexcept
 {
     std::size_t i = static_cast<std::size_t>(std::max(from, 0));

@@ -2,6 +2,8 @@
 
 #include "framework/base/WinTypes.h"
 
+#include <span>
+
 // Searches over stored characters, sixteen at a time where the machine allows it. None reads a character outside the
 // text it is given, the terminator excepted where it says so.
 
@@ -19,6 +21,9 @@ struct xTTextFacts {
 
 /// @return the index of the first `ch` at or behind `from`, the text's length when there is none
 [[nodiscard]] std::size_t FindUnit(WStrView text, WCHAR ch, std::size_t from) noexcept;
+
+/// @return the index of the first unit at or behind `from` that is one of `units`, the text's length when there is none
+[[nodiscard]] std::size_t FindAnyUnit(WStrView text, std::span<const WCHAR> units, std::size_t from) noexcept;
 
 /// @return the index of the first `a` with `b` right behind it, at or behind `from` (below 0 counts as 0), or -1
 [[nodiscard]] std::int32_t FindPair(WStrView text, WCHAR a, WCHAR b, std::int32_t from) noexcept;

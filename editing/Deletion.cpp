@@ -1,0 +1,150 @@
+#include "editing/Deletion.h"
+
+#include "editing/CommentUnits.h"
+#include "store/MemStor.h"
+
+void xTDeletion::Run()
+{
+    while (m_count >= 1 && m_cursor.line < m_store.line_count()) {
+        if (!TakeWholeLines())
+            Round();
+    }
+}
+
+void xTDeletion::Round()
+{
+    xTExtString line = m_store.lines[m_cursor.line];
+    const std::int64_t rest = std::int64_t{line.GetLength()} - m_cursor.col;
+    if (HoldsCommentMark(line.m_text))
+        m_store.comments_valid = false;
+    if (rest == 0) {
+        JoinNextLine(line);
+    } else {
+        if (rest >= m_count)
+            EndInLine(line);
+        else
+            TakeTail(line, rest);
+        Finish(1 + rest);
+    }
+    m_firstRound = false;
+}
+
+void xTDeletion::Finish(std::int64_t taken)
+{
+    m_count -= taken;
+    m_cursor.col = 0;
+}
+
+// The cursor stands on a line break.
+void xTDeletion::JoinNextLine(xTExtString& line)
+{
+    const std::int32_t next = m_cursor.line + 1;
+    if (next >= m_store.line_count()) {
+        // The break at the end of the text is never removed. In an empty line nothing more can change.
+        Finish(line.GetLength() == 0 ? m_count : 1);
+        return;
+    }
+    m_shift = line.GetLength();
+    line.Append(m_store.lines[next]);
+    if (line.GetLength() <= xTMemStorage::joinLimit) {
+        Store(m_cursor.line, line);
+        m_store.remove_line(next);
+    } else {
+        // The two lines stay two lines and the characters move across the break.
+        xTExtString rest = m_store.lines[next];
+        const xTExtString behind = line.RightPart(xTMemStorage::joinLimit);
+        rest.m_text = behind.m_text;
+        rest.m_attrs = behind.m_attrs;
+        line.m_text = line.m_text.Left(xTMemStorage::joinLimit);
+        line.m_attrs = line.m_attrs.Left(xTMemStorage::joinLimit);
+        Store(m_cursor.line, line);
+        Store(next, rest);
+        if (m_split)
+            *m_split = true;
+    }
+    m_count -= 1;
+    m_cursor.col = m_shift;
+}
+
+// The deletion ends in this line. No limit holds for the join with the line where it began.
+void xTDeletion::EndInLine(xTExtString& line)
+{
+    const std::int32_t before = line.GetLength();
+    line.DeleteSubString(m_cursor.col, static_cast<std::int32_t>(m_count));
+    if (!m_firstRound && m_cursor.line > m_start.line) {
+        xTExtString head = m_store.lines[m_start.line];
+        head.Append(line);
+        Store(m_start.line, head);
+        m_store.remove_line(m_cursor.line);
+    } else {
+        Store(m_cursor.line, line);
+    }
+    m_shift = line.GetLength() - before;
+}
+
+// Takes the line from the cursor on. Its break is counted, but goes only when a later round joins what is left of the
+// last line to the line where the deletion began: one that begins inside a line and ends on a break leaves that break.
+// Required.
+void xTDeletion::TakeTail(xTExtString& line, std::int64_t rest)
+{
+    if (rest == line.GetLength()) {
+        m_store.remove_line(m_cursor.line);
+    } else if (rest < line.GetLength()) {
+        if (rest > 0)  // below 0 for a cursor behind the end of its line, which has nothing to give
+            line.DeleteSubString(m_cursor.col, -1);
+        Store(m_cursor.line, line);
+        ++m_cursor.line;
+    }
+}
+
+void xTDeletion::Store(std::int32_t index, const xTExtString& line)
+{
+    m_store.lines[index].copy_data(line);
+    m_store.note_change(index, index);
+}
+
+// Does the rounds of all lines from the cursor's on that go as a whole, and removes their records in one block.
+// Returns false when there is no such line.
+bool xTDeletion::TakeWholeLines()
+{
+    if (m_cursor.col != 0)
+        return false;
+    std::int32_t heir = -1;  // the empty line that the next one was joined to: its record is the one that stays
+    std::int32_t behind = m_cursor.line;
+    while (m_count >= 1 && StepOverWholeLine(behind, heir))
+        ++behind;
+    if (behind == m_cursor.line)
+        return false;
+    if (heir >= 0) {
+        xTExtString& kept = m_store.lines[behind];
+        kept.m_flags = m_store.lines[heir].m_flags;
+        kept.m_snapshotLine = m_store.lines[heir].m_snapshotLine;
+    }
+    m_store.lines.RemoveAt(m_cursor.line, behind - m_cursor.line);
+    m_store.note_change(m_cursor.line, m_cursor.line);
+    m_firstRound = false;
+    return true;
+}
+
+bool xTDeletion::StepOverWholeLine(std::int32_t index, std::int32_t& heir)
+{
+    if (index >= m_store.line_count())
+        return false;
+    const xTExtString& line = m_store.lines[index];
+    const std::int32_t length = line.GetLength();
+    if (length >= m_count && length > 0)
+        return false;  // the deletion ends in it
+    if (length == 0) {
+        // An empty line takes over the next one, which is too long to be joined at all when it is past the limit.
+        if (index + 1 >= m_store.line_count() || m_store.line_length(index + 1) > xTMemStorage::joinLimit)
+            return false;
+        heir = heir < 0 ? index : heir;
+        m_shift = 0;
+    } else {
+        if (HoldsCommentMark(line.m_text))
+            m_store.comments_valid = false;
+        heir = -1;
+    }
+    m_count -= 1 + length;
+    return true;
+}

@@ -1,0 +1,191 @@
+#include "editing/SearchMessages.h"
+#include "editing/TextFinder.h"
+#include "editing/operations.h"
+#include "store/MemStor.h"
+
+#include <utility>
+
+// How an operation is done the first time, by its kind.
+
+namespace {
+
+constexpr bool IsBlank(WCHAR ch) noexcept { return ch == _T(' ') || ch == _T('\t'); }
+
+// Blanks alone are no indent: Enter in or behind them carries none to the next line. Required.
+std::size_t LeadingBlanks(WStrView text) noexcept
+{
+    std::size_t blanks = 0;
+    while (blanks < text.size() && IsBlank(text[blanks]))
+        ++blanks;
+    return blanks == text.size() ? 0 : blanks;
+}
+
+}  // namespace
+
+void xTOperation::apply_overwrite()
+{
+    const WCHAR ch = store->char_at(pos);
+    if (ch == _T('\n') || ch == _T('\r')) {  // at the end of a line overwriting becomes inserting
+        store->insert_text(pos, count, text, false);
+        kind = insert;
+        return;
+    }
+    store->set_caret(pos);
+    store->overwrite_at_caret(text.IsEmpty() ? WCHAR{0} : text[0]);
+    text = CString(ch, 1);  // the character that was replaced
+}
+
+void xTOperation::apply_backspace()
+{
+    store->delete_text(pos, count, &split);
+    store->set_caret(pos);
+    if (!text.IsEmpty() && text[0] == _T('\n'))
+        invalidate();
+}
+
+void xTOperation::apply_enter()
+{
+    auto_indent();
+    count = text.GetLength();
+    store->insert_text(pos, count, text, false);
+}
+
+void xTOperation::auto_indent()
+{
+    xTExtString line;
+    store->get_line(pos.line, line);
+    if (pos.col < 0 || pos.col > line.GetLength())
+        return;
+    const auto column = static_cast<std::size_t>(pos.col);
+    const WStrView head = line.m_text.view().substr(0, column);
+    const WStrView tail = line.m_text.view().substr(column);
+    // The blanks ahead of the break stay on the old line, and undo puts the caret behind them: required.
+    pos.col += static_cast<std::int32_t>(LeadingBlanks(tail));
+    text.Append(head.substr(0, LeadingBlanks(head)));
+}
+
+// The earlier of the two places in the text is touched last, so that no position needs adjusting by hand.
+void xTOperation::apply_block()
+{
+    after_source = pos >= from;
+    if (after_source) {
+        store->insert_text(pos, count, text, false);
+        store->select_range(pos, store->caret);
+    }
+    if (move && from != xTPos::none && to != xTPos::none)
+        store->delete_text(from, count2);
+    if (!after_source) {
+        store->insert_text(pos, count, text, false);
+        store->select_range(pos, store->caret);
+    }
+    ensure_caret_visible();
+    invalidate();
+}
+
+bool xTOperation::apply_replace()
+{
+    store->replace_and_next(pos, find_text, replace_text, whole_word, match_case);
+    invalidate();
+    update_now();
+    return pos != xTPos::none;  // nothing replaced: no step, though the search has happened all the same
+}
+
+void xTOperation::apply_replace_all()
+{
+    clear_selection();
+    replace_matches();
+    invalidate();
+    update_now();
+}
+
+// From the caret to the end of the text, round to the top and on to the first match. The start is not corrected for
+// what changes on its line, where the stop may come early or late by that: required.
+void xTOperation::replace_matches()
+{
+    const xTTextFinder finder(find_text, whole_word, match_case);
+    const xTPos start = finder.Search(*store, true, true, nullptr);
+    std::int32_t replaced = 0;
+    bool wrapped = false;
+    for (xTPos at = start; at != xTPos::none && (!wrapped || at < start);
+         at = finder.Search(*store, true, true, &wrapped)) {
+        xTPos end{at.line, at.col + find_text.GetLength() - 1};
+        xTReplaceRecord record{at, {}};
+        store->get_text(at, end, record.old_text);
+        replacements.push_back(std::move(record));
+        if (store->replace_at(at, find_text, replace_text))
+            ++replaced;
+        store->set_caret({at.line, at.col + replace_text.GetLength()});
+    }
+    ShowReplaceCount(window, replaced);
+}
+
+void xTOperation::apply_to_selection()
+{
+    from = store->first();
+    to = store->last();
+    pos = from;
+    count = store->selected_text(text);
+    transform_selection();
+    invalidate();
+}
+
+void xTOperation::transform_selection()
+{
+    if (kind == change_case)
+        store->change_case(to_upper, from, to);
+    else
+        store->switch_layout(from, to);
+}
+
+// Records whole lines, through the first character of the line behind them, which does no harm since undo and redo
+// swap the two texts whole.
+void xTOperation::apply_to_lines()
+{
+    pos = {store->first().line, 0};
+    xTPos end{store->last().line + 1, 0};
+    // The end is clipped to the text as it is now and stays there: when the last line of the text grows, the text behind
+    // the change is recorded only so far. Required.
+    count = store->get_text(pos, end, text);
+    transform_lines();
+    count2 = store->get_text(pos, end, text2);
+}
+
+void xTOperation::transform_lines()
+{
+    switch (kind) {
+    case unindent: store->unindent_block(); break;
+    case indent: store->indent_block(); break;
+    case comment: store->comment_block(false); break;
+    default: store->comment_block(true); break;
+    }
+}
+
+void xTOperation::insert_and_show(const xTPos& at, std::int32_t& length, CString& piece)
+{
+    store->insert_text(at, length, piece, false);
+    ensure_caret_visible();
+    invalidate();
+}
+
+void xTOperation::clear_selection()
+{
+    store->clear_selection();
+}
+
+void xTOperation::invalidate() const
+{
+    if (window)
+        window->Invalidate();
+}
+
+void xTOperation::update_now() const
+{
+    if (window)
+        window->UpdateNow();
+}
+
+void xTOperation::ensure_caret_visible() const
+{
+    if (window)
+        window->EnsureCaretVisible();
+}
