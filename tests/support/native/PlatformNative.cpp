@@ -54,7 +54,11 @@ constexpr xTKeyRow keyRows[] = {
 
 WStrView Typed(const xTKeyRow& row, xTKeyLayout layout) noexcept
 {
-    return layout == layoutEnglish ? row.english : layout == layoutRussian ? row.russian : WStrView();
+    if (layout == layoutGerman && (row.key == 0x59 || row.key == 0x5A))
+        return row.key == 0x59 ? _T("zZ") : _T("yY");
+    return layout == layoutEnglish || layout == layoutGerman ? row.english
+           : layout == layoutRussian                         ? row.russian
+                                                             : WStrView();
 }
 
 const xTKeyRow* RowOf(unsigned key) noexcept

@@ -47,9 +47,11 @@ struct xTNativePlatform {
     int pagesBeforeFailure = -1;
 };
 
-/// The layouts that the stand-in knows the keys of: US English and Russian.
+/// The layouts that the stand-in knows the keys of: US English, Russian, and a third one which is the English with Y and
+/// Z in each other's place, as a German one has them. The third is not installed at the start.
 inline constexpr xTKeyLayout layoutEnglish = 0x04090409;
 inline constexpr xTKeyLayout layoutRussian = 0x04190419;
+inline constexpr xTKeyLayout layoutGerman = 0x04070407;
 
 [[nodiscard]] xTNativePlatform& NativePlatform();
 

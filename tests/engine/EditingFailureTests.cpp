@@ -1,0 +1,212 @@
+#include "tests/support/EditingFixture.h"
+#include "tests/support/FailingNew.h"
+#include "tests/support/LogFile.h"
+
+#include <functional>
+
+namespace {
+
+// A scene is brought about, then an action runs with its n-th allocation failing, for every n until none fails.
+struct xTScene {
+    const char* name;
+    std::string given;
+    std::function<void(xTMemStorage&, xTOperStack&)> action;
+};
+
+void PrintTo(const xTScene& scene, std::ostream* stream)
+{
+    *stream << scene.name;
+}
+
+CString Text(std::string_view text)
+{
+    return CString(WString(text.begin(), text.end()));
+}
+
+std::string LongText()
+{
+    std::string text;
+    for (int i = 0; i < 40; ++i)
+        text += "line /* " + std::to_string(i) + " */\n";
+    return text + std::string(1000, 'x');
+}
+
+class FailingMemory : public xTEditingFixture, public testing::WithParamInterface<xTScene> {
+protected:
+    void SetUp() override
+    {
+        mayLoseWords = true;  // told so of a string that runs out of memory in the middle of an insertion
+        tabs.m_keepTabs = false;
+    }
+
+    // The scene with all in order. What the last run left is freed.
+    void Prepare()
+    {
+        stack.clear_undo();
+        stack.clear_redo();
+        given(GetParam().given);
+        copy(LongText());
+    }
+
+    // Undo and redo, whatever the steps hold, leave the store whole.
+    void WalkHistory()
+    {
+        for (int i = 0; i < 4; ++i)
+            stack.undo();
+        EXPECT_EQ(Faults(), "");
+        for (int i = 0; i < 4; ++i)
+            stack.redo();
+        EXPECT_EQ(Faults(), "");
+    }
+
+    // Runs the scene for every n. Returns how many allocations it makes.
+    int RunAll(xTFailingNew::xTHowLong howLong)
+    {
+        int n = 0;
+        for (int failures = 1; failures > 0 && n < 5000; ++n) {
+            Prepare();
+            {
+                const xTFailingNew failing(n, howLong);
+                GetParam().action(store, stack);
+                failures = xTFailingNew::Failures();
+            }
+            EXPECT_EQ(Faults(), "") << "with failure " << n;
+            WalkHistory();
+            if (HasFailure())
+                return n;
+        }
+        return n;
+    }
+
+    xTLogFile log;
+};
+
+TEST_P(FailingMemory, OnceLeavesTheStoreWholeAndTheStepsUsable)
+{
+    const int made = RunAll(xTFailingNew::xTHowLong::once);
+    EXPECT_GT(made, 1) << "the scene makes no allocation at all";
+    EXPECT_LT(made, 5000);
+}
+
+TEST_P(FailingMemory, FromThenOnLeavesTheStoreWholeAndTheStepsUsable)
+{
+    EXPECT_LT(RunAll(xTFailingNew::xTHowLong::fromThenOn), 5000);
+}
+
+// Text whose words were lost in an earlier failure does not end any operation early.
+TEST_P(FailingMemory, WorksOnLinesWithoutTheirWords)
+{
+    Prepare();
+    for (std::int32_t i = 0; i < store.line_count(); ++i)
+        store.lines[i].m_attrs = store.lines[i].m_attrs.Left(1);
+    GetParam().action(store, stack);
+    EXPECT_EQ(Faults(), "");
+    WalkHistory();
+}
+
+constexpr const char* threeLines = "one /* two\nth[r\tee\nfour */ fi]|ve\nsix\n";
+
+// Made before anything fails: a failure of its own making must not be taken for one of the scene.
+const CString blockText = Text("ef\ngh");
+const xTSearchRequest replaceOne{Text("AB"), Text("xyz"), xTSearchRequest::replace};
+const xTSearchRequest replaceEach{Text("ab"), Text("xyz"), xTSearchRequest::replaceAll};
+const xTSearchRequest removeEach{Text("ab"), CString(), xTSearchRequest::replaceAll};
+
+const xTScene scenes[] = {
+    {"Typing", "a|b\nc", [](auto&, auto& stack) { stack.add_char('x', false); }},
+    {"TypingATab", "a|b\nc", [](auto&, auto& stack) { stack.add_char('\t', false); }},
+    {"Overwriting", "a|b\nc", [](auto&, auto& stack) { stack.add_char('/', true); }},
+    {"Backspace", "ab\n|c", [](auto&, auto& stack) { stack.add_char(8, false); }},
+    {"Enter", "  ab|  c\nd", [](auto&, auto& stack) { stack.add_char(13, false); }},
+    {"DeleteCharacter", "a|b\nc", [](auto&, auto& stack) { stack.add_key(46); }},
+    {"DeleteSelection", threeLines, [](auto&, auto& stack) { stack.add_key(46); }},
+    {"Paste", "ab|cd\nef", [](auto&, auto& stack) { stack.add_key(0x1001); }},
+    {"DeleteRange", threeLines, [](auto&, auto& stack) { stack.add_delete({0, 1}, {2, 0}); }},
+    {"MoveABlock", "ab|c\ndef\nghi",
+     [](auto&, auto& stack) { stack.add_block(blockText, {1, 1}, {2, 1}, true); }},
+    {"ChangeCase", threeLines, [](auto&, auto& stack) { stack.add_case(true); }},
+    {"SwitchLayout", threeLines, [](auto&, auto& stack) { stack.add_layout(); }},
+    {"Indent", threeLines, [](auto&, auto& stack) { stack.add_indent(false); }},
+    {"Unindent", "[  ab\n\tc]|\nd", [](auto&, auto& stack) { stack.add_indent(true); }},
+    {"Comment", threeLines, [](auto&, auto& stack) { stack.add_comment(0); }},
+    {"Uncomment", "[//ab\n //c]|\nd", [](auto&, auto& stack) { stack.add_comment(1); }},
+    {"Replace", "[ab]| ab", [](auto&, auto& stack) { stack.add_replace(replaceOne); }},
+    {"ReplaceAll", "ab |ab\nab ab", [](auto&, auto& stack) { stack.add_replace(replaceEach); }},
+    {"ReplaceAllByNothing", "ab |ab\nab ab", [](auto&, auto& stack) { stack.add_replace(removeEach); }},
+    {"UndoAndRedo", threeLines,
+     [](auto&, auto& stack) {
+         stack.add_key(46);
+         stack.add_char('x', false);
+         stack.undo();
+         stack.undo();
+         stack.redo();
+     }},
+    {"CopyOfAStack", "ab|",
+     [](auto&, auto& stack) {
+         stack.add_char('x', false);
+         const xTOperStack copy(stack);
+     }},
+    {"Search", "ab |ab",
+     [](auto& store, auto& stack) {
+         stack.add_char('x', false);
+         static_cast<void>(store.find_text(store.lines[0].m_text, true, true, false, false));
+     }},
+    {"ExtendSelection", "ab\n|cd",
+     [](auto& store, auto& stack) {
+         for (int direction = 0; direction < 4; ++direction)
+             store.extend_selection(direction);
+         stack.add_char('x', false);
+     }},
+    {"StoppedJoin", std::string(300, 'a') + "|\n" + std::string(301, 'b'),
+     [](auto&, auto& stack) { stack.add_key(46); }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Scenes, FailingMemory, testing::ValuesIn(scenes),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+class Failures : public xTEditingFixture {
+protected:
+    xTLogFile log;
+};
+
+TEST_F(Failures, AStepThatCannotBeBuiltLeavesTheRedoList)
+{
+    given("|");
+    type("a");
+    stack.undo();
+    {
+        const xTFailingNew failing(0);
+        stack.add_char('x', false);
+    }
+    EXPECT_TRUE(stack.can_redo());
+    EXPECT_NE(log.Bytes().find("Out of memory"), std::string::npos) << log.Bytes();
+}
+
+TEST_F(Failures, AFailedEditIsKeptAsAStep)
+{
+    given("[ab]|");
+    store.selection.last = {3, 0};  // the text ends before it
+    stack.add_case(true);
+    EXPECT_EQ(line(0), "AB");
+    EXPECT_TRUE(stack.can_undo());
+    EXPECT_NE(log.Bytes().find("operations.cpp"), std::string::npos) << log.Bytes();
+}
+
+TEST_F(Failures, ARejoinWithoutANextLineIsReportedOnce)
+{
+    given("ab");
+    insert({0, 1}, "x", true);
+    EXPECT_EQ(line(0), "axb");
+    EXPECT_EQ(log.Records().size(), 1u) << log.Bytes();
+    EXPECT_NE(log.Bytes().find("MemStorOpers.cpp"), std::string::npos) << log.Bytes();
+}
+
+TEST_F(Failures, AHeldClipboardIsReported)
+{
+    given("|");
+    NativePlatform().clipboardRefusals = 10;
+    press(keyPaste);
+    EXPECT_NE(log.Bytes().find("can't open clipboard"), std::string::npos) << log.Bytes();
+}
+
+}  // namespace
