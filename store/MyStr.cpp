@@ -43,8 +43,6 @@ void ShowInsertFailure(const WCHAR* text) noexcept
 
 }  // namespace
 
-xTExtString::xTExtString(WStrView text) : xTExtString(CString(text)) {}
-
 xTExtString::xTExtString(CString text) : m_text(std::move(text)), m_attrs(SharedRun(attrBase, m_text.GetLength())) {}
 
 void xTExtString::copy_data(const xTExtString& other) noexcept
@@ -298,7 +296,8 @@ void xTExtString::MarkCommentRun(std::int32_t from, std::int32_t to, bool starts
         m_attrs = SharedRun(attrBase | attrComment, end);  // a line wholly in a comment owns no words
     else if (begin < end)
         ChangeBits(m_attrs, begin, end, attrComment, 0);
-    m_flags = static_cast<std::uint16_t>((m_flags & ~flagStartsInside) | flagHasComment | (startsInside ? flagStartsInside : 0));
+    const int own = m_flags & ~flagStartsInside;
+    m_flags = static_cast<std::uint16_t>(own | flagHasComment | (startsInside ? flagStartsInside : 0));
 }
 
 bool xTExtString::CommentMask(std::uint32_t* mask, std::int32_t count) const

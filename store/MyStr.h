@@ -28,7 +28,6 @@ public:
         _T("~\b\f\n\r\t\v'\"\\     `/!@#$%^&*+\x2116;:-=|?<>,.{}[]()"), 43};
 
     xTExtString() = default;
-    explicit xTExtString(WStrView text);
     /// A line around a text whose buffer it shares; its attribute words are those of an untouched line.
     explicit xTExtString(CString text);
     xTExtString(const xTExtString& other) { copy_data(other); }
@@ -37,9 +36,9 @@ public:
     xTExtString& operator=(xTExtString&&) noexcept = default;
     ~xTExtString() = default;
 
-    /// Assignment of lines always goes through here. A failure is reported and leaves the rest of the fields as they were.
+    /// Assignment of lines always goes through here. A failure is reported and leaves the other fields as they were.
     void copy_data(const xTExtString& other) noexcept;
-    /// Report the exception in flight, as `copy_data` and `GetAt` do. The first ends its life where it is a framework one.
+    /// Report the exception in flight, as `copy_data` and `GetAt` do. The first ends the life of a framework's one.
     static void ReportCopyFailure() noexcept;
     static void ReportReadFailure(std::int32_t ind, std::int32_t length) noexcept;
     void Clear() noexcept;
@@ -59,8 +58,8 @@ public:
     /// @param spaces what each tab becomes; with a tab in it nothing is replaced
     /// @return how many tabs there were
     std::int32_t ReplaceTabs(WStrView spaces);
-    /// Head and tail of the line, cut to it. The head keeps all flags, the tail only that it holds a comment; neither has
-    /// a snapshot number.
+    /// Head and tail of the line, cut to it. The head keeps all flags, the tail only that it holds a comment; neither
+    /// has a snapshot number.
     [[nodiscard]] xTExtString LeftPart(std::int32_t count) const;
     [[nodiscard]] xTExtString RightPart(std::int32_t from) const;
 
@@ -75,8 +74,8 @@ public:
     void MarkSelectedRun(std::int32_t from, std::int32_t to);
     void MarkAllComment();
     void UnmarkAllComment();
-    /// Marks the characters from `from` up to, not including, `to`, both cut to the line, and says of the whole line that
-    /// it holds a comment and whether it begins inside one.
+    /// Marks the characters from `from` up to, not including, `to`, both cut to the line, and says of the whole line
+    /// that it holds a comment and whether it begins inside one.
     void MarkCommentRun(std::int32_t from, std::int32_t to, bool startsInside);
     /// Adds bit 16 to each word of `mask` whose character lies in a block comment.
     /// @return true when there was at least one

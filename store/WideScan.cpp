@@ -207,7 +207,8 @@ bool AllUnitsAre(WStrView text, WCHAR word) noexcept
         if (MaskOf(BlockAt(text.data() + i), word) != fullMask)
             return false;
     }
-    return std::all_of(text.begin() + static_cast<std::ptrdiff_t>(i), text.end(), [=](WCHAR ch) { return ch == word; });
+    const WStrView rest = text.substr(i);
+    return std::all_of(rest.begin(), rest.end(), [=](WCHAR ch) { return ch == word; });
 }
 
 bool AnyUnitHas(WStrView text, WCHAR bits) noexcept
@@ -217,5 +218,6 @@ bool AnyUnitHas(WStrView text, WCHAR bits) noexcept
         if (AnyBit(BlockAt(text.data() + i), bits))
             return true;
     }
-    return std::any_of(text.begin() + static_cast<std::ptrdiff_t>(i), text.end(), [=](WCHAR ch) { return (ch & bits) != 0; });
+    const WStrView rest = text.substr(i);
+    return std::any_of(rest.begin(), rest.end(), [=](WCHAR ch) { return (ch & bits) != 0; });
 }
