@@ -33,7 +33,7 @@ void xTCaret::Destroy() noexcept
 
 void xTCaret::SetHeight(int height) noexcept
 {
-    if (!HasFocus() || height == m_height)
+    if (height == m_height || !HasFocus())
         return;
     m_height = height;
     Recreate();
@@ -42,13 +42,13 @@ void xTCaret::SetHeight(int height) noexcept
 // A caret that lost its state, for instance because another window made one, comes back shown, whatever was asked for.
 void xTCaret::Show() noexcept
 {
-    if (HasFocus() && m_created && !::ShowCaret(OwnerWindow()))
+    if (m_created && HasFocus() && !::ShowCaret(OwnerWindow()))
         Recreate();
 }
 
 void xTCaret::Hide() noexcept
 {
-    if (HasFocus() && m_created && !::HideCaret(OwnerWindow()))
+    if (m_created && HasFocus() && !::HideCaret(OwnerWindow()))
         Recreate();
 }
 

@@ -118,6 +118,7 @@ private:
 
     // Painting
     [[nodiscard]] bool CannotPaintNow() const noexcept;
+    void ReadScreenSize() noexcept;
     void Paint();
     void PaintRows(const xTPaintDC& target);
     void MakePaintBitmap(HDC like, int cx, int cy);
@@ -167,6 +168,7 @@ private:
     std::int32_t m_topLine = 0;
     xTBitmap m_paintBitmap;
     HGDIOBJ m_previousBitmap = nullptr;  // what the memory context held before the paint bitmap
+    SIZE m_screen{};  // of the whole screen, which is the size of the paint bitmap
     UINT_PTR m_ticker = 1;
     UINT_PTR m_scrollTimer = 0;
     std::uint32_t m_idleMs = 0;  // since the last paint

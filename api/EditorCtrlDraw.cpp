@@ -57,10 +57,17 @@ void CEditorCtrl::RequestPaint()
     ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INTERNALPAINT);
 }
 
+// Asking costs as much as a drawing call, so it is asked when the window is shown or sized and not at every paint.
+void CEditorCtrl::ReadScreenSize() noexcept
+{
+    m_screen = {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
+}
+
 LRESULT CEditorCtrl::OnShowWindow(const xTMessage& message)
 {
     Guarded([&] {
         Default(message);
+        ReadScreenSize();
         m_shown = message.wParam != 0;
         if (m_shown)
             Invalidate();
@@ -93,8 +100,15 @@ LRESULT CEditorCtrl::OnPaint(const xTMessage& message)
 void CEditorCtrl::Paint()
 {
     m_caret.SetHeight(LineHeight());
-    m_caret.Hide();
-    if (::GetUpdateRect(m_hWnd, nullptr, FALSE)) {
+    RECT update{};
+    const bool dirty = ::GetUpdateRect(m_hWnd, &update, FALSE) != 0;
+    // Hiding and showing costs more than drawing a line, so a caret that the paint does not touch is left alone.
+    RECT both{};
+    const RECT caret = CaretBlockingRect();
+    const bool overCaret = ::IntersectRect(&both, &update, &caret) != 0;
+    if (overCaret)
+        m_caret.Hide();
+    if (dirty) {
         struct xTPainting {
             explicit xTPainting(bool& flag) : m_flag(flag) { m_flag = true; }
             ~xTPainting() { m_flag = false; }
@@ -103,7 +117,8 @@ void CEditorCtrl::Paint()
         const xTPaintDC target(m_hWnd);
         PaintRows(target);
     }
-    m_caret.Show();
+    if (overCaret)
+        m_caret.Show();
     ::SendMessageW(m_hWnd, ED_AFTER_PAINT, 0, 0);
 }
 
@@ -114,8 +129,7 @@ void CEditorCtrl::PaintRows(const xTPaintDC& target)
     if (!m_memDC)
         return;
     // The bitmap has the size of the screen, whatever the size of the client area, and takes the background as a whole.
-    const int cx = ::GetSystemMetrics(SM_CXSCREEN);
-    const int cy = ::GetSystemMetrics(SM_CYSCREEN);
+    const auto [cx, cy] = m_screen;
     MakePaintBitmap(target.get(), cx, cy);
     if (m_attribs) {
         m_attribs->ApplyAttr(ATTR_BACKGROUND, this, m_memDC.get());
@@ -185,9 +199,10 @@ int CEditorCtrl::BarOffset() const noexcept
     return -(ReadBar(SB_HORZ).nPos / CharWidth() * CharWidth());
 }
 
+// The caret exists only while the window has the focus; asking for that is the cheaper question.
 void CEditorCtrl::PlaceCaretImage()
 {
-    if (!m_store || ::GetFocus() != m_hWnd)
+    if (!m_store || !m_caret.IsCreated())
         return;
     m_caret.MoveTo(
         m_store->caret_pixel(m_highlightHook, m_topLine, this, m_memDC.get(), m_attribs.get(), BarOffset()));

@@ -325,7 +325,10 @@ LRESULT CEditorCtrl::OnMouseWheel(const xTMessage& message)
 LRESULT CEditorCtrl::OnSize(const xTMessage& message)
 {
     const LRESULT result = Default(message);
-    Guarded([&] { UpdateScrollBars(3); });
+    Guarded([&] {
+        ReadScreenSize();
+        UpdateScrollBars(3);
+    });
     return result;
 }
 

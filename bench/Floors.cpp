@@ -2,7 +2,6 @@
 
 #include "bench/Measure.h"
 
-#include <array>
 #include <cstring>
 
 namespace {
@@ -10,18 +9,15 @@ namespace {
 constexpr int lineHeight = 15;
 constexpr int charWidth = 8;
 
-std::array<HFONT, 2> fonts;
-int paintedRuns = 0;
+HFONT font = nullptr;
 
 void PaintRow(HDC dc, int y)
 {
     static const wchar_t text[] = L"abcdefghijklmnopqrstuvwxyz012345";
     constexpr int length = rowChars / rowRuns;
     for (int run = 0; run < rowRuns; ++run) {
-        ::SelectObject(dc, fonts[static_cast<std::size_t>(run % 2)]);
         ::SetTextColor(dc, run % 2 ? RGB(0, 0, 255) : RGB(0, 128, 0));
         ::TextOutW(dc, run * length * charWidth, y, text + run * length, length);
-        ++paintedRuns;
     }
 }
 
@@ -31,6 +27,7 @@ LRESULT CALLBACK Procedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam)
         return ::DefWindowProcW(window, id, wParam, lParam);
     PAINTSTRUCT paint;
     const HDC dc = ::BeginPaint(window, &paint);
+    ::SelectObject(dc, font);
     for (int y = 0; y < pageRows * lineHeight; y += lineHeight)
         if (y < paint.rcPaint.bottom && y + lineHeight > paint.rcPaint.top)
             PaintRow(dc, y);
@@ -38,11 +35,11 @@ LRESULT CALLBACK Procedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam)
     return 0;
 }
 
-HFONT MakeFont(int weight)
+HFONT MakeFont()
 {
     LOGFONTW lf{};
     lf.lfHeight = -13;
-    lf.lfWeight = weight;
+    lf.lfWeight = 400;
     lf.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
     wcscpy(lf.lfFaceName, L"Courier New");
     return ::CreateFontIndirectW(&lf);
@@ -81,7 +78,7 @@ Floors MeasureFloors(SIZE client)
     wc.lpszClassName = L"BenchFloor";
     wc.hbrBackground = static_cast<HBRUSH>(::GetStockObject(NULL_BRUSH));
     ::RegisterClassW(&wc);
-    fonts = {MakeFont(400), MakeFont(700)};
+    font = MakeFont();
     RECT rect{0, 0, client.cx, client.cy};
     ::AdjustWindowRect(&rect, WS_POPUP | WS_VSCROLL, FALSE);
     const HWND window = ::CreateWindowExW(0, L"BenchFloor", L"", WS_POPUP | WS_VISIBLE | WS_VSCROLL, 0, 0, client.cx, client.cy, nullptr,
@@ -112,8 +109,7 @@ Floors MeasureFloors(SIZE client)
         ::SetScrollInfo(window, SB_VERT, &info, TRUE);
     });
     ::DestroyWindow(window);
-    for (const HFONT font : fonts)
-        ::DeleteObject(font);
+    ::DeleteObject(font);
     floors.faultByte = MeasureFaults();
     MeasureMemory(floors);
     return floors;

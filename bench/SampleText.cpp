@@ -45,7 +45,7 @@ std::wstring SampleText(std::size_t characters)
     while (text.size() < characters) {
         if (random() % 5 == 0) {
             text += L"    //";
-            for (int i = 0; i < 6; ++i)
+            for (int i = 0; i < 5; ++i)
                 (text += L' ') += commentWords[random() % commentWords.size()];
         } else {
             for (const wchar_t* p = codeLines[random() % codeLines.size()]; *p; ++p)
@@ -74,7 +74,7 @@ void ClassifySample(void*, wchar_t* text, int)
             while (IsDigit(*p) || IsWord(*p))
                 *p++ = ED_CLASS_NUMBER;
         } else {
-            *p++ = first == L' ' ? ED_CLASS_PLAIN : ED_CLASS_SYMBOL;
+            *p++ = ED_CLASS_SYMBOL;  // blanks too: they go on with the run that they stand in
         }
     }
 }
