@@ -98,6 +98,7 @@ bool CEditorCtrl::MakeParts()
     m_memDC->CreateCompatible(client.get());
     m_attribs = std::make_unique<xTAttribTable>(m_memDC.get(), &m_settings, m_defaultTheme);
     m_store = std::make_unique<xTMemStorage>(this, m_attribs.get());
+    m_operations = std::make_unique<xTOperStack>(this, m_store.get());
     UpdateScrollBars(3);
     m_attribs->ApplyAttr(ATTR_BACKGROUND, this, m_memDC.get());
     m_attribs->ApplyAttr(ATTR_TEXT, this, m_memDC.get());
@@ -121,6 +122,7 @@ void CEditorCtrl::RetireParts() noexcept
 {
     if (!m_memDC)
         return;  // somebody sent the message to a window whose parts are retired already
+    m_retired.operations = std::move(m_operations);
     m_retired.store = std::move(m_store);
     DropPaintBitmap();
     if (m_previousBitmap) {
@@ -133,6 +135,7 @@ void CEditorCtrl::RetireParts() noexcept
 
 void CEditorCtrl::OnUnwound() noexcept
 {
+    m_retired.operations.reset();
     m_retired.store.reset();
     m_retired.attribs.reset();
     m_retired.memDC.reset();

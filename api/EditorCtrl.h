@@ -4,6 +4,7 @@
 #include "api/DragDropWnd.h"
 #include "appearance/AttribTable.h"
 #include "appearance/HighlightHook.h"
+#include "editing/operstack.h"
 #include "framework/win/CDC.h"
 #include "framework/win/Handles.h"
 #include "store/MemStor.h"
@@ -157,6 +158,7 @@ private:
     xTHighlightHook m_highlightHook;
     std::unique_ptr<xTMemStorage> m_store;
     std::unique_ptr<xTAttribTable> m_attribs;
+    std::unique_ptr<xTOperStack> m_operations;
     std::unique_ptr<CDC> m_memDC;  // all measuring and off-screen drawing goes through it
     bool m_editable;
     bool m_overwrite = false;
@@ -181,6 +183,7 @@ private:
     struct xTRetired {
         std::unique_ptr<CDC> memDC;
         std::unique_ptr<xTAttribTable> attribs;
-        std::unique_ptr<xTMemStorage> store;  // declared last, freed first: it points to the table
+        std::unique_ptr<xTMemStorage> store;  // points to the table, so it goes before it
+        std::unique_ptr<xTOperStack> operations;
     } m_retired;
 };

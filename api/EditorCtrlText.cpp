@@ -50,6 +50,10 @@ bool CEditorCtrl::LoadTextInto(const WCHAR* text, std::uint32_t maxChars, const 
         m_store->selection.first = m_store->selection.last = xTPos::none;
         Invalidate();
     }
+    if (m_operations) {
+        m_operations->clear_undo();
+        m_operations->clear_redo();
+    }
     Invalidate();
     UpdateNow();
     return true;
