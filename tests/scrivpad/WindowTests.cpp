@@ -213,7 +213,7 @@ TEST_F(Window, ShowsAnEmptyFileAsAnEmptyText)
 }
 
 /// One byte as a code page of the system reads it: which code pages these are depends on the language it runs in.
-[[nodiscard]] std::wstring Read(UINT codePage, char byte)
+[[nodiscard]] std::wstring InCodePage(UINT codePage, char byte)
 {
     wchar_t ch = 0;
     const int length = ::MultiByteToWideChar(codePage, 0, &byte, 1, &ch, 1);
@@ -222,12 +222,12 @@ TEST_F(Window, ShowsAnEmptyFileAsAnEmptyText)
 
 TEST_F(Window, ReadsTheFileAgainInAnotherEncoding)
 {
-    ASSERT_NE(Read(CP_ACP, '\xE1'), Read(CP_OEMCP, '\xE1'));
+    ASSERT_NE(InCodePage(CP_ACP, '\xE1'), InCodePage(CP_OEMCP, '\xE1'));
     window.Open(Write(L"window.txt", "\xE1"), ED_ENCODING_DEFAULT);
-    EXPECT_EQ(Text(), Read(CP_ACP, '\xE1'));
+    EXPECT_EQ(Text(), InCodePage(CP_ACP, '\xE1'));
     Choose(cmdFirstReopen, ED_ENCODING_OEM);
     EXPECT_EQ(window.CurrentDocument().encoding, UINT32{ED_ENCODING_OEM});
-    EXPECT_EQ(Text(), Read(CP_OEMCP, '\xE1'));
+    EXPECT_EQ(Text(), InCodePage(CP_OEMCP, '\xE1'));
 }
 
 TEST_F(Window, SavesInTheEncodingOfTheMenu)
