@@ -91,6 +91,49 @@ TEST_P(BadHandles, GiveTheDocumentedAnswerAndTouchNothing)
 INSTANTIATE_TEST_SUITE_P(EveryExport, BadHandles, testing::ValuesIn(exportCalls),
                          [](const auto& info) { return info.param.name; });
 
+constexpr const wchar_t* heldHost = L"host of another process";
+constexpr const wchar_t* heldEnd = L"ScrivHeldControlMayEnd";
+
+// Not a test but the other process of the one below: it holds a control until it is told to end.
+TEST(OtherProcess, DISABLED_HoldsAControl)
+{
+    ControlHost host;
+    host.Show(L"not yours");
+    ::SetWindowTextW(host.Window(), heldHost);
+    const HANDLE end = ::CreateEventW(nullptr, TRUE, FALSE, heldEnd);
+    while (::MsgWaitForMultipleObjects(1, &end, FALSE, 20000, QS_ALLINPUT) == WAIT_OBJECT_0 + 1)
+        Pump();
+    ::CloseHandle(end);
+}
+
+TEST(OtherProcess, AControlOfAnotherProcessIsABadHandle)
+{
+    wchar_t program[MAX_PATH];
+    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
+    std::wstring command = L"\"" + std::wstring(program) +
+                           L"\" --gtest_also_run_disabled_tests --gtest_filter=OtherProcess.DISABLED_HoldsAControl --gtest_output=";
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    ASSERT_TRUE(::CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr, &start, &process));
+    HWND window = nullptr;
+    for (int i = 0; i < 300 && !window; ++i) {
+        Pump(30);
+        window = ::FindWindowW(nullptr, heldHost);
+    }
+    const HWND control = window ? ::GetWindow(window, GW_CHILD) : nullptr;
+    EXPECT_TRUE(::IsWindow(control));
+    for (const ExportCall& row : exportCalls)
+        EXPECT_EQ(row.call(control), row.badHandle) << row.name;
+    EXPECT_TRUE(::IsWindow(control));
+    const HANDLE end = ::CreateEventW(nullptr, TRUE, FALSE, heldEnd);
+    ::SetEvent(end);
+    EXPECT_EQ(::WaitForSingleObject(process.hProcess, 20000), static_cast<DWORD>(WAIT_OBJECT_0));
+    ::CloseHandle(end);
+    ::CloseHandle(process.hThread);
+    ::CloseHandle(process.hProcess);
+}
+
 TEST_F(Exports, AHandleIsDeadAfterDestroying)
 {
     EXPECT_EQ(edGetHWND(control), control);
