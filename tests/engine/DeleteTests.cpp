@@ -352,4 +352,19 @@ TEST_F(Overwriting, ReplaceAtKnowsNoLimit)
     EXPECT_EQ(lengths(), "1002");
 }
 
+// Unlike any other insertion: the characters take no comment mark from their neighbours, and the line goes on beginning
+// inside the comment.
+TEST_F(Overwriting, ReplacingWithinACommentMarksTheNewCharactersAfresh)
+{
+    given("/*\nabcd\n*/");
+    const std::uint16_t flags = store.lines[1].m_flags;
+    EXPECT_TRUE(store.replace_at({1, 1}, W("b"), W("xy")));
+    EXPECT_EQ(store.lines[1].m_attrs.GetLength(), 5);
+    EXPECT_TRUE(store.lines[1].IsCommentAt(0));
+    EXPECT_FALSE(store.lines[1].IsCommentAt(1));
+    EXPECT_FALSE(store.lines[1].IsCommentAt(2));
+    EXPECT_TRUE(store.lines[1].IsCommentAt(3));
+    EXPECT_EQ(store.lines[1].m_flags, flags);
+}
+
 }  // namespace
