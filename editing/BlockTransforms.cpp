@@ -87,7 +87,8 @@ void ConvertPart(xTExtString& line, std::int32_t start, std::int32_t end, Conver
     CString part = line.m_text.Mid(from, count);
     convert(part);
     line.DeleteSubString(from, count);
-    line.InsertSubString(from, xTExtString(std::move(part)));
+    // At the column as it was given: one outside the line goes to its end or start, but lies in no comment.
+    line.InsertSubString(start, xTExtString(std::move(part)));
 }
 
 void ConvertToCase(CString& text, bool upper)

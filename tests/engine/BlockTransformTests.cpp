@@ -202,4 +202,16 @@ TEST_F(Blocks, KeyConversionKeepsShiftAndLeavesWhatHasNoKey)
     EXPECT_EQ(convert_key_char(_T('q'), layoutEnglish, 77), _T('q'));
 }
 
+// A column behind the end of the line lies in no comment, so that what is inserted there, nothing, touches no flag.
+TEST_F(Blocks, CaseOfNothingBehindTheEndOfALineInACommentLeavesItsFlags)
+{
+    given("/*\n\n*/");
+    const std::uint16_t flags = store.lines[1].m_flags;
+    ASSERT_NE(flags & xTExtString::flagStartsInside, 0);
+    store.change_case(true, {1, 5}, {1, 7});
+    EXPECT_EQ(store.lines[1].m_flags, flags);
+    store.change_case(true, {1, 0}, {1, 0});
+    EXPECT_EQ(store.lines[1].m_flags, xTExtString::flagHasComment) << "at the line's own column it does";
+}
+
 }  // namespace
