@@ -45,6 +45,20 @@ HFONT MakeFont()
     return ::CreateFontIndirectW(&lf);
 }
 
+double MeasureBitmap(HWND window)
+{
+    const HDC dc = ::GetDC(window);
+    const HDC memory = ::CreateCompatibleDC(dc);
+    const double time = MedianTime(200, [&] {
+        const HBITMAP bitmap = ::CreateCompatibleBitmap(dc, ::GetDeviceCaps(dc, HORZRES), ::GetDeviceCaps(dc, VERTRES));
+        ::SelectObject(memory, ::SelectObject(memory, bitmap));
+        ::DeleteObject(bitmap);
+    });
+    ::DeleteDC(memory);
+    ::ReleaseDC(window, dc);
+    return time;
+}
+
 // Fresh pages, one write each: what any load pays for the bytes that it keeps.
 double MeasureFaults()
 {
@@ -108,6 +122,12 @@ Floors MeasureFloors(SIZE client)
         SCROLLINFO info{sizeof info, SIF_ALL, 0, 100000, 46, ++step * 7 % 90000, 0};
         ::SetScrollInfo(window, SB_VERT, &info, TRUE);
     });
+    floors.caret = MedianTime(400, [&] { ::SetCaretPos(charWidth * (++step % 30), 10 * lineHeight); });
+    ::SetCaretPos(0, -100 * lineHeight);
+    const RECT rows{0, 0, client.cx, pageRows * lineHeight};
+    floors.shift = MedianTime(200, [&] { ::ScrollWindow(window, 0, -lineHeight, &rows, &rows); },
+                              [&] { ::ValidateRect(window, nullptr); });
+    floors.bitmap = MeasureBitmap(window);
     ::DestroyWindow(window);
     ::DeleteObject(font);
     floors.faultByte = MeasureFaults();

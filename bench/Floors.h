@@ -11,6 +11,9 @@ struct Floors {
     double page;       ///< paint a page of 46 rows with ten runs each
     double linePaint;  ///< invalidate one line and paint it with ten runs
     double scrollBar;  ///< one scroll bar call that changes something
+    double shift;      ///< ScrollWindow by a line on a page without a caret in it
+    double bitmap;     ///< make a bitmap of the screen's size, select it, take it back, delete it
+    double caret;      ///< one move of the caret
     double faultByte;  ///< page faults of fresh memory, a byte touched
     double scanByte;   ///< reading memory once, a byte
     double copyByte;   ///< copying memory, a byte
