@@ -144,10 +144,9 @@ TEST_F(Window, TheScrollTimerDoesNothingOutsideADragSelection)
     EXPECT_EQ(host.Count(ED_NOTIFY_CARET), 0u);
 }
 
-TEST_F(Window, BothTimersTickForTheWholeLifeOfTheWindow)
+TEST_F(Window, TheHousekeepingTickChangesNothingOnScreen)
 {
     given(lines(3));
-    EXPECT_NO_FATAL_FAILURE(Pump(700));
     const Picture before(control);
     ::SendMessageW(control, WM_TIMER, 1, 0);
     ::SendMessageW(control, WM_TIMER, 1, 0);
