@@ -1,7 +1,6 @@
 #include "api/EditorCtrl.h"
 
 #include "diagnostics/Guarded.h"
-#include "editing/LastSearch.h"
 #include "include/scrivctl3.h"
 
 namespace {
@@ -15,6 +14,9 @@ constexpr int childWindowId = 103;
 // One byte for all controls of the process. Not a scope guard: an exception leaves it set, and every control then skips
 // its timer work. Kept on purpose.
 bool timerBusy = false;
+
+// What the system's find dialog sends to the control, registered once at load.
+const UINT findMessage = ::RegisterWindowMessageW(L"commdlg_FindReplace");
 
 }  // namespace
 
@@ -36,6 +38,8 @@ const xTMessageRow<CEditorCtrl> CEditorCtrl::messages[] = {
 
 LRESULT CEditorCtrl::WindowProc(const xTMessage& message)
 {
+    if (message.id == findMessage)
+        return m_find.on_find_message(message.lParam);
     const auto* row = FindRow(messages, message.id);
     return row ? (this->*row->handler)(message) : Default(message);
 }
@@ -203,14 +207,4 @@ void CEditorCtrl::NotifyHost(bool changed, std::int32_t value)
     const HWND parent = ::GetParent(m_hWnd);
     if (::IsWindow(parent))
         ::SendNotifyMessageW(parent, ED_NOTIFY_CARET, changed, value ? value : PackedCaret());
-}
-
-bool CEditorCtrl::ConfirmWrap()
-{
-    const HWND parent = ::GetParent(m_hWnd);
-    if (!::IsWindow(parent))
-        return false;
-    const CString text = LastSearch().text;  // the host reads it during the call
-    // No find dialog stands behind the search: the window handle that goes with the question is 0.
-    return ::SendMessageW(parent, ED_NOTIFY_FIND, 0, reinterpret_cast<LPARAM>(text.c_str())) != 0;
 }

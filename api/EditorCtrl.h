@@ -5,6 +5,7 @@
 #include "appearance/AttribTable.h"
 #include "appearance/HighlightHook.h"
 #include "editing/operstack.h"
+#include "editing/xTFindReplace.h"
 #include "framework/win/CDC.h"
 #include "framework/win/Handles.h"
 #include "store/MemStor.h"
@@ -20,7 +21,7 @@ constexpr UINT ED_AFTER_PAINT = 0x40E;  ///< from the paint handler to its own w
 
 /// The window of one control and the owner of all that a control is. It lives in the host's message loop, on the thread
 /// that created it.
-class CEditorCtrl final : public xTDDWnd, public xTStoreWindow {
+class CEditorCtrl final : public xTDDWnd, public xTFindOwner {
 public:
     /// Pixels where there is no attribute table to tell.
     static constexpr int fallbackLineHeight = 10;
@@ -65,9 +66,13 @@ public:
     void EnsureCaretVisible() override;
     void MoveCaretTo(std::int32_t line, std::int32_t column, bool redraw, bool centre, bool focus) override;
     void NotifyHost(bool changed, std::int32_t value) override;
-    [[nodiscard]] bool ConfirmWrap() override;
+    [[nodiscard]] bool ConfirmWrap() override { return m_find.confirm_wrap(); }
 
-    [[nodiscard]] xTMemStorage* Store() const noexcept { return m_store.get(); }
+    // Find and replace
+    [[nodiscard]] xTFindReplace& Find() noexcept { return m_find; }
+    [[nodiscard]] xTOperStack* Operations() const noexcept override { return m_operations.get(); }
+    [[nodiscard]] xTMemStorage* Store() const noexcept override { return m_store.get(); }
+
     [[nodiscard]] bool HasSelection() const noexcept { return m_store && m_store->has_selection(); }
     [[nodiscard]] bool IsEditable() const noexcept { return m_editable; }
     [[nodiscard]] bool IsOverwrite() const noexcept { return m_overwrite; }
@@ -177,6 +182,7 @@ private:
     std::uint32_t m_defaultTheme;
     POINT m_lastMousePoint{-1, -1};
     zsl::text_encoding m_fileEncoding;  // of the file that the text came from: its mark and line ends go back into a save
+    xTFindReplace m_find{this};
     xTCaret m_caret;
 
     // What OnDestroy takes out of use while a handler further up the stack may still be working with it.

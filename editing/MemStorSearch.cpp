@@ -24,6 +24,8 @@ void xTMemStorage::replace_and_next(xTPos& pos, CString& find, const CString& re
         const xTPos next = find_text(find, true, whole_word, match_case, true, &wrapped);
         if (wrapped && !(wnd && wnd->ConfirmWrap()))
             return;
+        if (wnd && !wnd->Handle())
+            return;  // the host destroyed the control when it was asked
         if (next == xTPos::none)
             show_replaced(replaced, behind);
         else

@@ -123,5 +123,15 @@ int ShowMessageBox(HWND from, const WCHAR* text, UINT style) noexcept
         *dot = 0;
     if (!(style & MB_ICONMASK))
         style |= MB_ICONEXCLAMATION;  // what a framework's message box shows for a bare OK
-    return ::MessageBoxW(::IsWindow(from) ? ::GetAncestor(from, GA_ROOT) : nullptr, text, name, style);
+    // Over a modeless dialog when that was at work last: it must not go on while the box waits, and the top window with
+    // the editor in it neither.
+    const HWND top = ::IsWindow(from) ? ::GetAncestor(from, GA_ROOT) : nullptr;
+    const HWND owner = top ? ::GetLastActivePopup(top) : nullptr;
+    const bool disables = owner != top && ::IsWindowEnabled(top);
+    if (disables)
+        ::EnableWindow(top, FALSE);
+    const int answer = ::MessageBoxW(owner, text, name, style);
+    if (disables)
+        ::EnableWindow(top, TRUE);
+    return answer;
 }
