@@ -1,5 +1,6 @@
 #include "api/EditorCtrl.h"
 
+#include "editing/ClipboardText.h"
 #include "zsl/text_file_stream.h"
 
 #include <algorithm>
@@ -89,7 +90,7 @@ bool CEditorCtrl::GetLine(std::uint32_t line, bool fromSelection, WCHAR* buffer,
     CString text;
     if (m_store && fromSelection && m_store->has_selection()) {
         m_store->selected_text(text);
-        text.Replace(L"\n", L"\r\n");
+        to_crlf(text);
     } else if (m_store) {
         xTExtString record;
         m_store->get_line(static_cast<std::int32_t>(line), record);

@@ -52,3 +52,8 @@ void strip_cr(CString& text)
 {
     text.Replace(_T("\r"), WStrView());
 }
+
+void to_crlf(CString& text)
+{
+    text.Replace(_T("\n"), _T("\r\n"));
+}

@@ -17,3 +17,6 @@ void open_clipboard(HWND owner);
 
 /// Removes every carriage return, wherever it stands.
 void strip_cr(CString& text);
+
+/// Puts a carriage return ahead of each line feed.
+void to_crlf(CString& text);
