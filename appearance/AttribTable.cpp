@@ -156,13 +156,16 @@ void xTAttribTable::ApplyEntry(std::uint32_t flag, COLORREF color, CWnd* wnd, CD
     }
 }
 
+// Selecting what is selected already costs forty times as much as asking.
 void xTAttribTable::SelectFont(const LOGFONTW& lf, CDC* dc, xTKnown& known) const
 {
     const HFONT font = FindFont(FontKey(lf));
     if (font && font == known.font)
         return;
-    _MakeFontSelect(dc->m_hDC, lf);
-    if (dc->m_hAttribDC != dc->m_hDC)
+    const auto holds = [&](HDC handle) { return font && ::GetCurrentObject(handle, OBJ_FONT) == font; };
+    if (!holds(dc->m_hDC))
+        _MakeFontSelect(dc->m_hDC, lf);
+    if (dc->m_hAttribDC != dc->m_hDC && !holds(dc->m_hAttribDC))
         _MakeFontSelect(dc->m_hAttribDC, lf);
     known.font = font;
 }
@@ -179,10 +182,10 @@ void xTAttribTable::SelectBrush(COLORREF color, CDC* dc, xTKnown& known)
         old = std::exchange(m_brush, std::move(brush));
         m_brushColor = color;
     }
-    if (known.brush == m_brush.get())
-        return;
-    const HGDIOBJ displaced = ::SelectObject(dc->m_hDC, m_brush.get());
-    if (!m_savedBrush && displaced != m_brush.get())
-        m_savedBrush = static_cast<HBRUSH>(displaced);
+    if (known.brush != m_brush.get() && ::GetCurrentObject(dc->m_hDC, OBJ_BRUSH) != m_brush.get()) {
+        const HGDIOBJ displaced = ::SelectObject(dc->m_hDC, m_brush.get());
+        if (!m_savedBrush)
+            m_savedBrush = static_cast<HBRUSH>(displaced);
+    }
     known.brush = m_brush.get();
 }

@@ -55,6 +55,19 @@ TEST_F(Apply, TheFirstBrushThatWasDisplacedComesBackWithTheEndOfTheTable)
     EXPECT_EQ(::GetCurrentObject(canvas.dc.m_hDC, OBJ_BRUSH), before);
 }
 
+TEST_F(Apply, AFontOrBrushThatSomebodyElseSelectedIsReplacedAgain)
+{
+    SetTheme(2);
+    table->ApplyAttrWord(ATTR_BACKGROUND | ATTR_KEYWORD, &wnd, &canvas.dc);
+    const HFONT font = CurrentFont();
+    const HGDIOBJ brush = ::GetCurrentObject(canvas.dc.m_hDC, OBJ_BRUSH);
+    ::SelectObject(canvas.dc.m_hDC, ::GetStockObject(SYSTEM_FONT));
+    ::SelectObject(canvas.dc.m_hDC, ::GetStockObject(BLACK_BRUSH));
+    table->ApplyAttrWord(ATTR_BACKGROUND | ATTR_KEYWORD, &wnd, &canvas.dc);
+    EXPECT_EQ(CurrentFont(), font);
+    EXPECT_EQ(::GetCurrentObject(canvas.dc.m_hDC, OBJ_BRUSH), brush);
+}
+
 TEST_F(Apply, AClassSetsFontAndTextColourAndLeavesTheBackground)
 {
     SetTheme(2);
