@@ -9,8 +9,8 @@ thread_local CFindDialog* living = nullptr;  // the first of this thread's dialo
 
 }  // namespace
 
-CFindDialog::CFindDialog(CFindDialog*& slot, xTKind kind, HWND owner, const WCHAR* find, DWORD flags) noexcept
-    : m_kind(kind), m_slot(&slot), m_next(std::exchange(living, this))
+CFindDialog::CFindDialog(CFindDialog*& slot, HWND owner, const WCHAR* find, DWORD flags) noexcept
+    : m_slot(&slot), m_next(std::exchange(living, this))
 {
     const std::size_t length = wcsnlen(find, m_find.size() - 1);
     std::wmemcpy(m_find.data(), find, length);
@@ -37,16 +37,16 @@ void CFindDialog::Open(CFindDialog*& slot, xTKind kind, HWND owner, const WCHAR*
 {
     // The slot is taken before the window is made: making it takes the focus from the owner, whose host may ask for a
     // second dialog meanwhile, or destroy the owner.
-    auto* dialog = new CFindDialog(slot, kind, owner, find, flags);
+    auto* dialog = new CFindDialog(slot, owner, find, flags);
     ++dialog->m_depth;
-    dialog->CreateSystemDialog();
+    dialog->CreateSystemDialog(kind);
     if (--dialog->m_depth == 0)
         dialog->Unwound();
 }
 
-void CFindDialog::CreateSystemDialog() noexcept
+void CFindDialog::CreateSystemDialog(xTKind kind) noexcept
 {
-    const HWND made = m_kind == xTKind::find ? ::FindTextW(&m_request) : ::ReplaceTextW(&m_request);
+    const HWND made = kind == xTKind::find ? ::FindTextW(&m_request) : ::ReplaceTextW(&m_request);
     if (!::IsWindow(made))
         return;
     m_hWnd = made;
@@ -110,10 +110,4 @@ CFindDialog* CFindDialog::FromWindow(HWND wnd) noexcept
     while (dialog && dialog->m_hWnd != wnd)
         dialog = dialog->m_next;
     return dialog;
-}
-
-DWORD CFindDialog::Flags() const noexcept
-{
-    // Not every system sets the flag for a dialog that has no buttons for the direction.
-    return m_kind == xTKind::replace ? m_request.Flags | FR_DOWN : m_request.Flags;
 }

@@ -35,24 +35,22 @@ public:
     [[nodiscard]] HWND GetSafeHwnd() const noexcept { return m_hWnd; }
     [[nodiscard]] const WCHAR* FindString() const noexcept { return m_find.data(); }
     [[nodiscard]] const WCHAR* ReplaceString() const noexcept { return m_replacement.data(); }
-    /// The FR_ flags. A replace dialog has no direction and searches down.
-    [[nodiscard]] DWORD Flags() const noexcept;
+    [[nodiscard]] DWORD Flags() const noexcept { return m_request.Flags; }  ///< FR_ flags
 
 private:
     using xTText = std::array<WCHAR, 1024>;  // a line has at most 512 characters
 
-    CFindDialog(CFindDialog*& slot, xTKind kind, HWND owner, const WCHAR* find, DWORD flags) noexcept;
+    CFindDialog(CFindDialog*& slot, HWND owner, const WCHAR* find, DWORD flags) noexcept;
     ~CFindDialog();
 
     [[nodiscard]] static CFindDialog* FromWindow(HWND wnd) noexcept;
     static LRESULT CALLBACK Procedure(HWND wnd, UINT id, WPARAM wParam, LPARAM lParam) noexcept;
-    void CreateSystemDialog() noexcept;
+    void CreateSystemDialog(xTKind kind) noexcept;
     void Unwound() noexcept;
 
     xTText m_find{};
     xTText m_replacement{};
     FINDREPLACEW m_request{};  // the dialog keeps its address for as long as it lives
-    xTKind m_kind;
     CFindDialog** m_slot;
     CFindDialog* m_next;  // of the living dialogs of this thread
     HWND m_hWnd = nullptr;
