@@ -41,7 +41,7 @@ LRESULT CALLBACK ControlHost::Procedure(HWND window, UINT id, WPARAM wParam, LPA
         host->m_messages.push_back({id, wParam, lParam});
         if (host->onMessage)
             host->onMessage({id, wParam, lParam});
-        return 0;
+        return id == ED_NOTIFY_FIND ? host->answer : 0;
     }
     return ::DefWindowProcW(window, id, wParam, lParam);
 }

@@ -33,6 +33,8 @@ public:
     [[nodiscard]] std::size_t Count(UINT id) const { return Of(id).size(); }
     void Forget() { m_messages.clear(); }
 
+    /// The answer to ED_NOTIFY_FIND: 1 lets a search go on past the end.
+    LRESULT answer = 0;
     /// Called for each message of a control, after it has been recorded.
     std::function<void(const Message&)> onMessage;
 
