@@ -246,3 +246,14 @@ int edGetSnapshotOldLine(HWND control, int line)
 {
     return WithStore(control, -1, [&](CEditorCtrl&, xTMemStorage& store) { return store.snapshot_old_line(line); });
 }
+
+// ---- Appearance
+
+void edReloadTuneSettings(HWND control, const edSettingsBlock* block)
+{
+    WithControl(control, [&](CEditorCtrl& ctrl) {
+        // A size with its top bit set is a host's error value and no size.
+        if (block && block->data && static_cast<std::int32_t>(block->size) > 0)
+            ctrl.ReloadSettings({block->data, block->size});
+    });
+}

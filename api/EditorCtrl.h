@@ -54,6 +54,10 @@ public:
     void SetCaretPosition(std::int32_t line, std::int32_t col, std::uint32_t flags);
     void SetScrollPosition(std::int32_t line, std::int32_t col);
 
+    // Appearance
+    /// Takes a settings block, where it is readable, and rebuilds the fonts in any case.
+    void ReloadSettings(const xTSettingsBlock& block);
+
     /// @param code  an ED_POSITION_ code @return false when there is no such code or no such place
     bool GetPosition(int code, edPoint* out);
 

@@ -275,6 +275,14 @@ SCRIVCTL3_API int edGetSnapshotNewLine(HWND control, int oldLine);
 /// @return its number in the snapshot; -1 when it is newer or there is no such line; bad handle: -1
 SCRIVCTL3_API int edGetSnapshotOldLine(HWND control, int line);
 
+// ---- Appearance -----------------------------------------------------------------------------------------------
+
+/// Gives a control other settings: colours, styles, font and tabs. A block of another format changes nothing.
+/// Text, caret, marks and undo stay. Bad handle: nothing happens.
+/// @param block  null, without data, or with a size of 0 or above 0x7FFFFFFF: nothing happens. The bytes are read only
+///               inside the call
+SCRIVCTL3_API void edReloadTuneSettings(HWND control, const edSettingsBlock* block);
+
 #ifdef __cplusplus
 }
 #endif

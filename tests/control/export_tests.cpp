@@ -67,6 +67,12 @@ const ExportCall exportCalls[] = {
     {"edClearExecPoint", 0, [](HWND h) -> std::int64_t { edClearExecPoint(h); return 0; }},
     {"edTakeSnapshot", 0, [](HWND h) -> std::int64_t { edTakeSnapshot(h); return 0; }},
     {"edGetSnapshotNewLine", -1, [](HWND h) -> std::int64_t { return edGetSnapshotNewLine(h, 0); }},
+    {"edReloadTuneSettings", 0, [](HWND h) -> std::int64_t {
+         char bytes[] = "no settings";
+         const edSettingsBlock block{bytes, sizeof bytes};
+         edReloadTuneSettings(h, &block);
+         return 0;
+     }},
     {"edGetSnapshotOldLine", -1, [](HWND h) -> std::int64_t { return edGetSnapshotOldLine(h, 0); }},
 };
 
