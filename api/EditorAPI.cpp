@@ -129,6 +129,24 @@ BOOL edGetLine(HWND control, UINT32 line, int fromSelection, wchar_t* buffer, UI
     });
 }
 
+BOOL edInsertText(HWND control, const wchar_t* text)
+{
+    return WithControl(control, BOOL{0}, [&](CEditorCtrl& ctrl) {
+        ctrl.InsertText(text);
+        return true;
+    });
+}
+
+BOOL edCopyData(HWND source, HWND destination)
+{
+    return WithStore(source, BOOL{0}, [&](CEditorCtrl& from, xTMemStorage&) {
+        return WithStore(destination, BOOL{0}, [&](CEditorCtrl& to, xTMemStorage&) {
+            to.CopyDataFrom(from);
+            return true;
+        });
+    });
+}
+
 // ---- Positions and modes
 
 void edSetCaretPosition(HWND control, int line, int col)
@@ -163,6 +181,18 @@ BOOL edGetMode(HWND control, UINT32 code)
         default: return false;
         }
     });
+}
+
+// ---- Commands
+
+BOOL edExecCommand(HWND control, int code)
+{
+    return WithControl(control, BOOL{0}, [&](CEditorCtrl& ctrl) { return ctrl.ExecCommand(code); });
+}
+
+BOOL edCanExecCommand(HWND control, int code)
+{
+    return WithControl(control, BOOL{0}, [&](CEditorCtrl& ctrl) { return ctrl.CanExecCommand(code); });
 }
 
 // ---- Break points and the execution point. Line numbers arrive unsigned and are read as signed.

@@ -61,6 +61,17 @@ public:
     /// @param code  an ED_POSITION_ code @return false when there is no such code or no such place
     bool GetPosition(int code, edPoint* out);
 
+    // Keys and commands
+    /// @param code  an ED_COMMAND_ code @return false when there is no such code, or as the command's row tells
+    bool ExecCommand(int code);
+    [[nodiscard]] bool CanExecCommand(int code) const;
+    /// Inserts at the caret as one step, in place of a selection; nothing in a read-only control.
+    void InsertText(const WCHAR* text);
+    /// Takes over the text of another control, or keeps its own when that is this one; undo and redo are forgotten.
+    void CopyDataFrom(const CEditorCtrl& source);
+    /// Puts the name of the typing mode into a label of the host's. Nothing in the control calls it.
+    void ShowModeIn(HWND label) const;
+
     // What the store asks for
     [[nodiscard]] HWND Handle() const override { return m_hWnd; }
     void Invalidate() override;
@@ -136,7 +147,8 @@ private:
     [[nodiscard]] xTRows RowsToDraw(const RECT& area) const noexcept;
     [[nodiscard]] RECT ClientRect() const noexcept;
     [[nodiscard]] RECT CaretBlockingRect() const noexcept;
-    void InvalidateRect(const RECT& area) noexcept { ::InvalidateRect(m_hWnd, &area, TRUE); }
+    void InvalidateRect(const RECT& area) noexcept;
+    void InvalidateStrip(int linesAbove, int linesBelow);
     void PlaceCaretImage();
     [[nodiscard]] int DrawingOffset() const noexcept { return -m_leftColumn * CharWidth(); }
     [[nodiscard]] int BarOffset() const noexcept;
@@ -158,6 +170,74 @@ private:
     [[nodiscard]] std::int32_t RowOfPoint(int y) const noexcept;
     void CaretToPoint(POINT point, bool invalidate);
 
+    // Keys
+    struct xTKeyMap;
+    struct xTPress {
+        UINT key;
+        bool shift;
+    };
+    LRESULT OnGetDlgCode(const xTMessage& message);
+    LRESULT OnKeyDown(const xTMessage& message);
+    LRESULT OnKeyUp(const xTMessage& message);
+    LRESULT OnChar(const xTMessage& message);
+    LRESULT OnSysKeyDown(const xTMessage& message);
+    LRESULT OnSysChar(const xTMessage& message);
+    void PressKey(const xTPress& press, bool ctrl);
+    void TypeChar(WCHAR ch);
+    void AddChar(WCHAR ch);
+    void AddKey(UINT key);
+    template <int direction>
+    void CaretKey(const xTPress& press);
+    template <int direction>
+    void ExtendKey(const xTPress& press);
+    template <bool down>
+    void PageKey(const xTPress& press);
+    void StepCaret(int direction);
+    void WordLeftKey(const xTPress& press);
+    void WordRightKey(const xTPress& press);
+    void HomeKey(const xTPress& press);
+    void EndKey(const xTPress& press);
+    void DocumentStartKey(const xTPress& press);
+    void DocumentEndKey(const xTPress& press);
+    void DocumentKey(const xTPos& target, bool shift);
+    void IndentKey(const xTPress& press);
+    void CommentKey(const xTPress& press);
+    void CaseKey(const xTPress& press);
+    void LayoutKey(const xTPress& press);
+    void InsertKey(const xTPress& press);
+    void CopyKey(const xTPress& press);
+    void PasteKey(const xTPress& press);
+    void DeleteKey(const xTPress& press);
+    void CutKey(const xTPress& press);
+    void OtherKey(const xTPress& press);
+    void ShowStep();
+    void NotifyCaret() { NotifyHost(false, 0); }
+    void SelectRestFromHome();
+
+    // Commands
+    struct xTCommands;
+    [[nodiscard]] bool HasFocus() const noexcept { return ::GetFocus() == m_hWnd; }
+    [[nodiscard]] bool HasSelectionAndFocus() const noexcept { return HasSelection() && HasFocus(); }
+    [[nodiscard]] bool CanUndo() const;
+    [[nodiscard]] bool CanRedo() const;
+    [[nodiscard]] bool CanCut() const noexcept { return m_editable && HasSelectionAndFocus(); }
+    [[nodiscard]] bool CanPaste() const;
+    [[nodiscard]] bool Always() const noexcept { return true; }
+    [[nodiscard]] bool CanFindNext() const;
+    bool Undo();
+    bool Redo();
+    bool OpenFind();
+    bool OpenReplace();
+    bool FindNext();
+    bool Cut();
+    bool Copy();
+    bool Paste();
+    bool SelectAll();
+    bool ToggleOverwrite();
+    bool ClearSelection();
+    bool SelectRest();
+    bool CopyAppend();
+
     void SelectBetween(const xTPos& oldCaret, const xTPos& newCaret, const xTSelection& selection, bool keep);
     [[nodiscard]] xTPos PositionUnderMouse();
     [[nodiscard]] POINT CaretOnScreen(bool bottom);
@@ -171,6 +251,7 @@ private:
     std::unique_ptr<CDC> m_memDC;  // all measuring and off-screen drawing goes through it
     bool m_editable;
     bool m_overwrite = false;
+    bool m_controlKey = false;  // nothing but the release of the Control key touches it
     bool m_partsMade = false;
     bool m_shown = false;
     bool m_painting = false;

@@ -18,10 +18,18 @@ RECT CEditorCtrl::ClientRect() const noexcept
     return client;
 }
 
-// Every invalidation asks for erasing; the class has the null brush, so erasing paints nothing.
+// Every invalidation asks for erasing; the class has the null brush, so erasing paints nothing. Without a window there
+// is nothing to do: a null handle would mean every window of the screen.
 void CEditorCtrl::Invalidate()
 {
-    ::InvalidateRect(m_hWnd, nullptr, TRUE);
+    if (m_hWnd)
+        ::InvalidateRect(m_hWnd, nullptr, TRUE);
+}
+
+void CEditorCtrl::InvalidateRect(const RECT& area) noexcept
+{
+    if (m_hWnd)
+        ::InvalidateRect(m_hWnd, &area, TRUE);
 }
 
 RECT CEditorCtrl::CaretBlockingRect() const noexcept
@@ -32,9 +40,17 @@ RECT CEditorCtrl::CaretBlockingRect() const noexcept
 
 void CEditorCtrl::InvalidateCaretLine()
 {
+    InvalidateStrip(0, 0);
+}
+
+// The strip of the caret's line with so many lines around it, over the whole width.
+void CEditorCtrl::InvalidateStrip(int linesAbove, int linesBelow)
+{
     RECT strip = CaretBlockingRect();
     strip.left = 0;
     strip.right = rightEdge;
+    strip.top -= linesAbove * LineHeight();
+    strip.bottom += linesBelow * LineHeight();
     InvalidateRect(strip);
 }
 
@@ -54,7 +70,8 @@ void CEditorCtrl::UpdateNow()
 
 void CEditorCtrl::RequestPaint()
 {
-    ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INTERNALPAINT);
+    if (m_hWnd)
+        ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INTERNALPAINT);
 }
 
 // Asking costs as much as a drawing call, so it is asked when the window is shown or sized and not at every paint.

@@ -2,7 +2,8 @@
 
 #include "framework/base/CString.h"
 
-// Text from the clipboard. Inside the editor a line break is one line feed, on the clipboard it has a carriage return.
+// Text from and for the clipboard. Inside the editor a line break is one line feed, on the clipboard it has a carriage
+// return before it.
 
 /// Opens the clipboard: ten tries, 50 ms behind each that fails, since another program may be holding it.
 /// Raises std::runtime_error when it stays closed. @param owner may be null

@@ -75,6 +75,25 @@ enum {
     ED_MODE_READONLY = 3   ///< the control is read-only
 };
 
+/// What edExecCommand does. "Focus" means that the control's own window has it, "selection" that one exists. Where no
+/// other result is told, edExecCommand answers 1, also when the command refused to act.
+enum {
+    ED_COMMAND_UNDO = 1,             ///< undoes one step; enabled with focus and a step to undo; 1 only when one was undone
+    ED_COMMAND_REDO = 2,             ///< the same for redo
+    ED_COMMAND_FIND = 3,             ///< opens the find dialog unless one is open; always enabled
+    ED_COMMAND_REPLACE = 4,          ///< opens the replace dialog; enabled unless read-only
+    ED_COMMAND_CUT = 5,              ///< enabled unless read-only, with selection and focus
+    ED_COMMAND_COPY = 6,             ///< enabled with selection and focus
+    ED_COMMAND_PASTE = 7,            ///< in place of a selection; enabled unless read-only, with focus and a text on the
+                                     ///< clipboard; 0 when another program keeps the clipboard
+    ED_COMMAND_SELECT_ALL = 8,       ///< the caret goes to the start; enabled with focus; 0 without
+    ED_COMMAND_TOGGLE_OVERWRITE = 9, ///< flips between insert and overwrite, also without focus; enabled with focus
+    ED_COMMAND_FIND_NEXT = 10,       ///< repeats the last search of the process; enabled when there was one; 0 otherwise
+    ED_COMMAND_CLEAR_SELECTION = 11, ///< the caret stays; enabled with selection and focus
+    ED_COMMAND_SELECT_TO_LINE_END = 12, ///< from the caret, which stays; always enabled
+    ED_COMMAND_COPY_APPEND = 13      ///< copies behind the text that the clipboard holds; enabled as copying is
+};
+
 /// Bits of the flags of edSetCaretPositionAdv.
 enum {
     ED_CARET_REDRAW = 1,         ///< repaint at once
@@ -208,6 +227,17 @@ SCRIVCTL3_API UINT32 edGetLineCount(HWND control);
 /// @return 1 when copied; 0 when `length` is null or the room too small; bad handle: 0
 SCRIVCTL3_API BOOL edGetLine(HWND control, UINT32 line, int fromSelection, wchar_t* buffer, UINT32* length);
 
+/// Inserts a text at the caret as one step of undo, in place of a selection, which goes as a step of its own. Carriage
+/// returns are dropped; a line does not grow past 462 characters by it. Nothing happens in a read-only control.
+/// @param text  NUL-terminated; null or empty does nothing
+/// @return 1, also when nothing was done; bad handle: 0
+SCRIVCTL3_API BOOL edInsertText(HWND control, const wchar_t* text);
+
+/// Copies the text of one control, with its marks, into another and forgets the undo of that one, which takes the focus.
+/// Its caret stays as far as the new text allows. A control copied into itself only forgets its undo.
+/// @return 1; bad handle, be it either: 0
+SCRIVCTL3_API BOOL edCopyData(HWND source, HWND destination);
+
 // ---- Positions and modes --------------------------------------------------------------------------------------
 
 /// Moves the caret, brings it into view, takes the focus and drops the selection: edSetCaretPositionAdv with the flags
@@ -234,6 +264,18 @@ SCRIVCTL3_API BOOL edGetPosition(HWND control, int code, edPoint* out);
 /// @param code  ED_MODE_ code
 /// @return 1 when the mode is on; 0 when it is off and for any other code; bad handle: 0
 SCRIVCTL3_API BOOL edGetMode(HWND control, UINT32 code);
+
+// ---- Commands -------------------------------------------------------------------------------------------------
+
+/// Does what a menu of the host offers.
+/// @param code  ED_COMMAND_ code
+/// @return as told there; 0 for any other code; bad handle: 0
+SCRIVCTL3_API BOOL edExecCommand(HWND control, int code);
+
+/// Tells a host what to grey in its menus.
+/// @param code  ED_COMMAND_ code
+/// @return 1 when the command is enabled; 0 when it is not and for any other code; bad handle: 0
+SCRIVCTL3_API BOOL edCanExecCommand(HWND control, int code);
 
 // ---- Break points and the execution point ---------------------------------------------------------------------
 

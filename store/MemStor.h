@@ -127,6 +127,10 @@ public:
     /// Shift with an arrow key. Nothing without a window. @param direction as for move_caret
     void extend_selection(int direction);
 
+    // The clipboard. Without a selection it is not even opened; one that another program keeps is reported.
+    void copy_selection();
+    void append_selection();  ///< behind the text that the clipboard holds, on a line of its own
+
     // Whole lines of the selection, and the letters of a range with both ends inclusive. These raise what fails in them;
     // a line of the range outside the text raises CInvalidArgException when it is reached.
     void indent_block();
