@@ -287,3 +287,22 @@ void edReloadTuneSettings(HWND control, const edSettingsBlock* block)
             ctrl.ReloadSettings({block->data, block->size});
     });
 }
+
+// ---- Printing
+
+BOOL edPreparePrinting(HWND control, const edPrintSetup* setup)
+{
+    return WithControl(control, BOOL{0}, [&](CEditorCtrl& ctrl) { return setup ? ctrl.PreparePrinting(*setup) : 0; });
+}
+
+BOOL edPrintPage(HWND control, const edPrintPageParams* params)
+{
+    return WithStore(control, BOOL{0}, [&](CEditorCtrl&, xTMemStorage& store) {
+        return params && params->dc && store.print_page(params->dc, params->page);
+    });
+}
+
+BOOL edPrintingOver(HWND control)
+{
+    return WithStore(control, BOOL{0}, [](CEditorCtrl&, xTMemStorage& store) { return store.printing_over(); });
+}

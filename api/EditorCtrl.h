@@ -15,6 +15,7 @@
 #include <memory>
 
 struct edPoint;
+struct edPrintSetup;
 
 constexpr UINT ED_DRAG_SCROLL = 0x40D;  ///< from the drop target, while a drag is over the control
 constexpr UINT ED_AFTER_PAINT = 0x40E;  ///< from the paint handler to its own window
@@ -71,6 +72,9 @@ public:
     void CopyDataFrom(const CEditorCtrl& source);
     /// Puts the name of the typing mode into a label of the host's. Nothing in the control calls it.
     void ShowModeIn(HWND label) const;
+
+    // Printing
+    std::int32_t PreparePrinting(const edPrintSetup& setup);  ///< @return the number of pages
 
     // What the store asks for
     [[nodiscard]] HWND Handle() const override { return m_hWnd; }

@@ -1,6 +1,8 @@
 #include "api/EditorCtrl.h"
 
+#include "appearance/Printing.h"
 #include "editing/ClipboardText.h"
+#include "include/scrivctl3.h"
 #include "zsl/text_file_stream.h"
 
 #include <algorithm>
@@ -106,4 +108,13 @@ bool CEditorCtrl::GetLine(std::uint32_t line, bool fromSelection, WCHAR* buffer,
         *buffer = 0;
     *length = size;
     return false;
+}
+
+std::int32_t CEditorCtrl::PreparePrinting(const edPrintSetup& setup)
+{
+    if (!m_store || !m_attribs)
+        return 0;
+    const bool wholeText = setup.wholeText[0] != 0 || setup.wholeText[1] != 0;
+    return m_store->prepare_printing(
+        {setup.dc, setup.firstPage, setup.lastPage, setup.onlyPage, setup.middlePage, wholeText}, *m_attribs);
 }

@@ -10,6 +10,7 @@
 class CDC;
 class CWnd;
 class xTMemStorage;
+struct xTPrintFont;
 
 /// How the text of one control looks, with the fonts and the drawing: the entries of xTAttribData, the eight styles of
 /// the base font, and the operations that draw or measure a line. Each control owns one.
@@ -53,6 +54,8 @@ public:
     void ReloadFonts(CDC* dc);
     /// @param key  FONT_ bits @return the font of that style, owned by the table; null when there is none
     [[nodiscard]] HFONT FindFont(DWORD key) const noexcept;
+    /// Makes the font of a print job, with the tab size beside it.
+    void MakePrintFont(xTPrintFont& out) const;
 
     // Drawing and measuring
     /// Makes one flag current: its font and text colour, or its background, or both colours of a mark.

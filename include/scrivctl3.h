@@ -174,6 +174,22 @@ typedef struct edPoint {
     INT32 y;
 } edPoint;
 
+/// A print job, for edPreparePrinting. The rectangles are in the logical units of `dc`.
+typedef struct edPrintSetup {
+    HDC dc;              ///< what the pages are measured on: the printer, or what stands for it
+    RECT firstPage;      ///< room for the text on a first page with more to follow
+    RECT lastPage;       ///< on a last page
+    RECT onlyPage;       ///< on a page that is both first and last
+    RECT middlePage;     ///< on any other page
+    UINT32 wholeText[2]; ///< both 0: the selection is printed; else the whole text
+} edPrintSetup;
+
+/// One page, for edPrintPage.
+typedef struct edPrintPageParams {
+    HDC dc;      ///< what the page is drawn on, with the mapping that edPreparePrinting met
+    UINT32 page; ///< from 1
+} edPrintPageParams;
+
 // ---- Lifecycle ------------------------------------------------------------------------------------------------
 
 /// Makes a control, hidden and without any line of text.
@@ -324,6 +340,29 @@ SCRIVCTL3_API int edGetSnapshotOldLine(HWND control, int line);
 /// @param block  null, without data, or with a size of 0 or above 0x7FFFFFFF: nothing happens. The bytes are read only
 ///               inside the call
 SCRIVCTL3_API void edReloadTuneSettings(HWND control, const edSettingsBlock* block);
+
+// ---- Printing -------------------------------------------------------------------------------------------------
+//
+// The host owns the printer, the page loop and the mapping of units; the control splits the text into pages and draws
+// one on request, black on white, in the font of plain text. That font has the height that it would have on a screen
+// of 96 dots per inch, so on a printer 96 logical units should be an inch. Long lines are wrapped. An ampersand
+// underlines the character behind it and is not printed itself; two print one.
+
+/// Starts a print job, in place of one that runs: splits the whole text, or the selection, into pages. A page ends at
+/// the end of a line; a line that fits no page is printed alone, cut off. Later changes of the text are not followed.
+/// A context that refuses the font, as null does, is told to the user in a message box.
+/// @return the number of pages, 0 without a selection to print; 0, and the running job stays, when `setup` is null;
+///         bad handle: 0
+SCRIVCTL3_API BOOL edPreparePrinting(HWND control, const edPrintSetup* setup);
+
+/// Draws a page of the running job, any one any number of times. Font and colours of the context are as before after it.
+/// @return 1, also for a page past the last one, for which nothing is drawn; 0 when `params` or its context is null and
+///         for page 0; bad handle: 0
+SCRIVCTL3_API BOOL edPrintPage(HWND control, const edPrintPageParams* params);
+
+/// Ends the running job.
+/// @return 1; 0 when none was running; bad handle: 0
+SCRIVCTL3_API BOOL edPrintingOver(HWND control);
 
 #ifdef __cplusplus
 }

@@ -8,11 +8,13 @@
 
 #include <cstdint>
 #include <limits>
+#include <memory>
 
 class CDC;
 class CWnd;
 class xTAttribTable;
 struct xTHighlightHook;
+struct xTPrintSetup;
 namespace zsl {
 class text_encoding;
 }
@@ -173,6 +175,23 @@ public:
     [[nodiscard]] POINT caret_pixel(const xTHighlightHook& hook, std::int32_t topLine, CWnd* window,
                                     xTAttribTable* table, int offset, bool below);
 
+    // Printing, Windows only; the records stand in appearance/Printing.h
+    class xTPrintAttr;
+    struct xTPrintJob;
+    /// Ends the job that runs and splits the whole text, or the selection, into the pages of a new one. A line is never
+    /// split over two pages; one that is taller than its page has a page of its own. @return the number of pages
+    std::int32_t prepare_printing(const xTPrintSetup& setup, const xTAttribTable& table);
+    /// @param page  from 1; above the number of pages nothing is drawn, 0 is reported
+    /// @return false after a fault
+    bool print_page(HDC dc, std::uint32_t page);
+    /// @return false when no job was running
+    bool printing_over() noexcept;
+    /// Draws, or only measures, as many whole lines of a range, both ends inclusive, as fit into `rect`; a first line
+    /// that is too tall is taken alone.
+    /// @param reached  out: the last character that was taken; untouched when none was @return true when a line was taken
+    bool DrawTextRows(HDC dc, const RECT& rect, bool measureOnly, std::int32_t tabSize, const xTPos& from,
+                      const xTPos& to, xTPos& reached) const;
+
     CArray<xTExtString> lines;
     xTPos caret;
     std::int32_t exec_line = -1;
@@ -180,6 +199,7 @@ public:
     const xTTabSettings* attribs;
     bool comments_valid = false;
     xTSelection selection;
+    std::shared_ptr<xTPrintJob> print_job;  ///< null while none runs
 
     /// The lines whose comment marks may differ from those that a scan of the whole text would give, whether or not
     /// `comments_valid` still stands: from line `first` on, but for the last `cleanTail` lines. Every change of the text
@@ -212,6 +232,7 @@ private:
     template <typename Change>
     void change_block(Change change);
     void finish_rescan();
+    void split_pages(const xTPrintSetup& setup, xTPrintJob& job) const;
     [[nodiscard]] std::int32_t opening_in_line(const xTPos& at) const;
     [[nodiscard]] xTPos closing_behind(xTPos at) const;
     void mark_range(const xTPos& start, const xTPos& behind);

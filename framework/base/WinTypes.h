@@ -30,6 +30,7 @@ using BOOL = std::int32_t;
 using UINT = std::uint32_t;
 using COLORREF = std::uint32_t;
 using HWND = struct HWND__*;
+using HDC = struct HDC__*;
 
 struct POINT {
     LONG x;

@@ -78,6 +78,17 @@ const ExportCall exportCalls[] = {
          return 0;
      }},
     {"edGetSnapshotOldLine", -1, [](HWND h) -> std::int64_t { return edGetSnapshotOldLine(h, 0); }},
+    {"edPreparePrinting", 0, [](HWND h) -> std::int64_t {
+         const edPrintSetup setup{};
+         return edPreparePrinting(h, &setup);
+     }},
+    {"edPrintPage", 0, [](HWND h) -> std::int64_t {
+         const edPrintPageParams params{::GetDC(nullptr), 1};
+         const BOOL result = edPrintPage(h, &params);
+         ::ReleaseDC(nullptr, params.dc);
+         return result;
+     }},
+    {"edPrintingOver", 0, [](HWND h) -> std::int64_t { return edPrintingOver(h); }},
 };
 
 class BadHandles : public testing::TestWithParam<ExportCall> {};
