@@ -2,6 +2,7 @@
 
 #include "Failure.h"
 #include "MainWindow.h"
+#include "Menu.h"
 #include "Screenshot.h"
 
 #include <iterator>
@@ -70,15 +71,47 @@ void TakeScreenshot(MainWindow& window, const std::wstring& path)
 
 }  // namespace
 
+namespace {
+
+void OpenFiles(MainWindow& window, const Options& options)
+{
+    if (!options.file.empty())
+        window.Active().Open(options.file, options.encoding.value_or(ED_ENCODING_DEFAULT));
+    if (options.beside.empty())
+        return;
+    window.Split();
+    window.Active().Open(options.beside, ED_ENCODING_DEFAULT);
+    window.NextPane();
+}
+
+void MarkPlaces(Pane& pane, const Options& options)
+{
+    for (const int line : options.breakPoints)
+        pane.SetBreakPoint(line);
+    if (options.execPoint)
+        pane.SetExecPoint(*options.execPoint);
+    if (options.caret)
+        pane.GoTo(*options.caret);
+    if (options.selectTo)
+        pane.SelectTo(*options.selectTo);
+}
+
+}  // namespace
+
 void RunSteps(MainWindow& window, const Options& options)
 {
+    // The search's dialog is of the class that message boxes have, so it is opened while these are not looked out for.
+    {
+        const NoMessageBoxes guard;
+        OpenFiles(window, options);
+        MarkPlaces(window.Active(), options);
+    }
+    if (options.find)
+        window.Run(EditCommand(ED_COMMAND_FIND));
     const NoMessageBoxes guard;
-    if (!options.file.empty())
-        window.Open(options.file, options.encoding.value_or(ED_ENCODING_DEFAULT));
-    if (options.caret)
-        window.GoTo(*options.caret);
+    Pane& pane = window.Active();
     if (!options.saveAs.empty())
-        window.SaveAs(options.saveAs, options.saveEncoding.value_or(window.CurrentDocument().encoding));
+        pane.SaveAs(options.saveAs, options.saveEncoding.value_or(pane.CurrentDocument().encoding));
     if (!options.screenshot.empty())
         TakeScreenshot(window, options.screenshot);
 }

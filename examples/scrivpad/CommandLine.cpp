@@ -66,7 +66,7 @@ bool SetScreenshot(Options& options, std::wstring_view value)
     return SetText(options.screenshot, value);
 }
 
-bool SetCaret(Options& options, std::wstring_view value)
+[[nodiscard]] bool SetPlace(std::optional<TextPlace>& field, std::wstring_view value)
 {
     const std::size_t colon = value.find(L':');
     if (colon == std::wstring_view::npos)
@@ -74,8 +74,45 @@ bool SetCaret(Options& options, std::wstring_view value)
     const std::optional<int> line = ParseNumber(value.substr(0, colon), 1, mostLines);
     const std::optional<int> column = ParseNumber(value.substr(colon + 1), 1, mostLines);
     if (line && column)
-        options.caret = TextPlace{*line, *column};
+        field = TextPlace{*line, *column};
     return line && column;
+}
+
+bool SetCaret(Options& options, std::wstring_view value)
+{
+    return SetPlace(options.caret, value);
+}
+
+bool SetSelectTo(Options& options, std::wstring_view value)
+{
+    return SetPlace(options.selectTo, value);
+}
+
+bool AddBreakPoint(Options& options, std::wstring_view value)
+{
+    const std::optional<int> line = ParseNumber(value, 1, mostLines);
+    if (line)
+        options.breakPoints.push_back(*line);
+    return line.has_value();
+}
+
+bool SetExecPoint(Options& options, std::wstring_view value)
+{
+    const std::optional<int> line = ParseNumber(value, 1, mostLines);
+    if (line)
+        options.execPoint = line;
+    return line.has_value();
+}
+
+bool SetBeside(Options& options, std::wstring_view value)
+{
+    return SetText(options.beside, value);
+}
+
+bool SetFind(Options& options, std::wstring_view)
+{
+    options.find = true;
+    return true;
 }
 
 bool SetExit(Options& options, std::wstring_view)
@@ -99,7 +136,12 @@ struct OptionRow {
 constexpr OptionRow optionRows[] = {
     {L"--theme", true, SetTheme},
     {L"--encoding", true, SetEncoding},
+    {L"--beside", true, SetBeside},
     {L"--goto", true, SetCaret},
+    {L"--select-to", true, SetSelectTo},
+    {L"--break-point", true, AddBreakPoint},
+    {L"--exec-point", true, SetExecPoint},
+    {L"--find", false, SetFind},
     {L"--save-as", true, SetSaveAs},
     {L"--save-encoding", true, SetSaveEncoding},
     {L"--screenshot", true, SetScreenshot},
@@ -179,7 +221,8 @@ private:
 
 bool Options::Automated() const noexcept
 {
-    return theme || encoding || caret || saveEncoding || exit || !saveAs.empty() || !screenshot.empty();
+    return theme || encoding || caret || selectTo || execPoint || saveEncoding || find || exit ||
+           !breakPoints.empty() || !beside.empty() || !saveAs.empty() || !screenshot.empty();
 }
 
 ParsedCommandLine ParseCommandLine(std::span<const std::wstring> arguments)
@@ -192,7 +235,12 @@ const wchar_t* UsageText() noexcept
     return L"Использование: scrivpad [ключи] [файл]\n"
            L"  --theme N            тема от 1 до 5\n"
            L"  --encoding N         кодировка файла: 0 по умолчанию, 1 ANSI, 2 UTF-8, 3 OEM, 4 UTF-16 LE, 5 UTF-16 BE\n"
-           L"  --goto СТРОКА:СТОЛБЕЦ  поставить курсор; оба числа считаются с 1\n"
+           L"  --beside ПУТЬ        показать рядом второй файл\n"
+           L"  --goto СТРОКА:СТОЛБЕЦ       поставить курсор; оба числа считаются с 1\n"
+           L"  --select-to СТРОКА:СТОЛБЕЦ  выделить текст от курсора до этого места\n"
+           L"  --break-point СТРОКА поставить точку останова; ключ можно повторять\n"
+           L"  --exec-point СТРОКА  поставить точку исполнения\n"
+           L"  --find               открыть окно поиска\n"
            L"  --save-as ПУТЬ       сохранить текст в этот файл\n"
            L"  --save-encoding N    кодировка для --save-as\n"
            L"  --screenshot ПУТЬ    снимок окна в формате PNG\n"

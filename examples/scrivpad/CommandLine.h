@@ -3,6 +3,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace scrivpad {
 
@@ -18,12 +19,17 @@ struct Options {
     std::optional<unsigned> theme;         ///< 1 to 5
     std::optional<unsigned> encoding;      ///< code to open with, 0 to 5
     std::optional<TextPlace> caret;
+    std::optional<TextPlace> selectTo;     ///< the other end of a selection from the caret
+    std::vector<int> breakPoints;          ///< lines, from 1
+    std::optional<int> execPoint;          ///< line, from 1
+    bool find = false;                     ///< open the find dialog
     std::wstring saveAs;
     std::optional<unsigned> saveEncoding;  ///< code, 0 to 5; none: that of the file
     std::wstring screenshot;
     bool exit = false;
     bool help = false;
     std::wstring file;
+    std::wstring beside;                   ///< a second file
 
     /// Any option means that a script is at work: nothing may wait for a user then.
     [[nodiscard]] bool Automated() const noexcept;

@@ -66,13 +66,17 @@ Editor::Editor(HWND parent, Highlighter highlighter, UINT32 theme, bool readOnly
         throw Failure(L"не удалось создать окно редактора");
 }
 
-Editor::Editor(Editor&& other) noexcept : m_control(std::exchange(other.m_control, nullptr)) {}
+Editor::Editor(Editor&& other) noexcept
+    : m_control(std::exchange(other.m_control, nullptr)), m_execLine(std::exchange(other.m_execLine, -1))
+{
+}
 
 Editor& Editor::operator=(Editor&& other) noexcept
 {
     if (this != &other) {
         Destroy();
         m_control = std::exchange(other.m_control, nullptr);
+        m_execLine = std::exchange(other.m_execLine, -1);
     }
     return *this;
 }
@@ -132,6 +136,42 @@ void Editor::CopyText(const Editor& from, UINT32 encoding)
         SetText(from.Text());
 }
 
+bool Editor::HasBreakPoint(UINT32 line) const noexcept
+{
+    const int count = edGetBreakPointCount(m_control);
+    for (int i = 0; i < count; ++i) {
+        if (edGetBreakPointLine(m_control, static_cast<UINT32>(i)) == static_cast<int>(line))
+            return true;
+    }
+    return false;
+}
+
+bool Editor::ToggleBreakPoint(UINT32 line) noexcept
+{
+    return HasBreakPoint(line) ? edRemoveBreakPoint(m_control, line) != 0 : edSetBreakPoint(m_control, line) != 0;
+}
+
+void Editor::SetExecPoint(UINT32 line) noexcept
+{
+    if (line >= LineCount())
+        return;
+    edSetExecPoint(m_control, line);
+    edTakeSnapshot(m_control);  // the control tells where a line of a snapshot is now, but not where this point is
+    m_execLine = static_cast<int>(line);
+}
+
+void Editor::ClearExecPoint() noexcept
+{
+    edClearExecPoint(m_control);
+    m_execLine = -1;
+}
+
+std::optional<UINT32> Editor::ExecPoint() const noexcept
+{
+    const int line = m_execLine < 0 ? -1 : edGetSnapshotNewLine(m_control, m_execLine);
+    return line < 0 ? std::nullopt : std::optional<UINT32>(static_cast<UINT32>(line));
+}
+
 EditorView Editor::View() const
 {
     EditorView view;
@@ -142,6 +182,7 @@ EditorView Editor::View() const
     const int count = edGetBreakPointCount(m_control);
     for (int i = 0; i < count; ++i)
         view.breakPoints.push_back(static_cast<UINT32>(edGetBreakPointLine(m_control, static_cast<UINT32>(i))));
+    view.execPoint = ExecPoint();
     return view;
 }
 
@@ -149,6 +190,8 @@ void Editor::SetView(const EditorView& view) noexcept
 {
     for (const UINT32 line : view.breakPoints)
         edSetBreakPoint(m_control, line);
+    if (view.execPoint)
+        SetExecPoint(*view.execPoint);
     if (view.selection) {
         // Selecting moves the caret from one end to the other, so it starts at the end where the caret was not.
         edPoint start = view.selection->first;

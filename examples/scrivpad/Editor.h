@@ -19,6 +19,7 @@ struct EditorView {
     edPoint viewport{};
     std::optional<Selection> selection;
     std::vector<UINT32> breakPoints;  ///< lines
+    std::optional<UINT32> execPoint;  ///< line
 };
 
 /// Owns one control of the library.
@@ -51,11 +52,20 @@ public:
     /// line ends and byte order mark, as far as the library allows.
     void CopyText(const Editor& from, UINT32 encoding);
 
+    [[nodiscard]] bool HasBreakPoint(UINT32 line) const noexcept;
+    /// @return false when the line can have none, being empty
+    bool ToggleBreakPoint(UINT32 line) noexcept;
+    void SetExecPoint(UINT32 line) noexcept;
+    void ClearExecPoint() noexcept;
+    /// The line of the execution point, wherever edits have moved it; none without one.
+    [[nodiscard]] std::optional<UINT32> ExecPoint() const noexcept;
+
     [[nodiscard]] EditorView View() const;
     void SetView(const EditorView& view) noexcept;
 
 private:
     HWND m_control = nullptr;
+    int m_execLine = -1;  // as it was numbered when the execution point was set, which is when the snapshot was taken
 };
 
 }  // namespace scrivpad

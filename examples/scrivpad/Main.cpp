@@ -3,7 +3,7 @@
 #include "Console.h"
 #include "Failure.h"
 #include "MainWindow.h"
-#include "Menu.h"
+#include "MessageLoop.h"
 
 #include <commctrl.h>
 #include <objbase.h>
@@ -25,22 +25,6 @@ enum ExitStatus { done = 0, stepFailed = 1, badCommandLine = 2 };
     const std::unique_ptr<LPWSTR, decltype(&::LocalFree)> all(::CommandLineToArgvW(::GetCommandLineW(), &count),
                                                              ::LocalFree);
     return all && count > 1 ? std::vector<std::wstring>(all.get() + 1, all.get() + count) : std::vector<std::wstring>();
-}
-
-int RunMessageLoop(MainWindow& window)
-{
-    const HACCEL shortcuts = BuildShortcuts();
-    MSG message;
-    while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (::TranslateAcceleratorW(window.Handle(), shortcuts, &message))
-            continue;
-        ::TranslateMessage(&message);
-        ::DispatchMessageW(&message);
-        if (message.message == WM_KEYUP && window.Handle() != nullptr)
-            window.RefreshStatus();
-    }
-    ::DestroyAcceleratorTable(shortcuts);
-    return static_cast<int>(message.wParam);
 }
 
 int Run(const Options& options, int showCommand)

@@ -1,16 +1,20 @@
 #pragma once
 
 #include "CommandLine.h"
-#include "Document.h"
-#include "Editor.h"
+#include "Pane.h"
+#include "Splitter.h"
 #include "StatusBar.h"
 
 #include <windows.h>
 
+#include <array>
+#include <memory>
+
 namespace scrivpad {
 
-/// The program's window: menu, one editor, status bar.
-class MainWindow {
+/// The program's window: menu, one text or two side by side, status bar. Commands go to the active text, which is the
+/// one that had the focus last.
+class MainWindow : private PaneHost {
 public:
     /// Makes the window, hidden, with an empty text. Throws a Failure.
     explicit MainWindow(UINT32 theme);
@@ -21,59 +25,62 @@ public:
     [[nodiscard]] HWND Handle() const noexcept { return m_window; }
     void Show(int showCommand);
 
-    /// Shows a file in place of the present text. Throws a Failure; the present text then stays.
-    /// @param encoding  ED_ENCODING_ code to try when the bytes do not tell
-    void Open(const std::wstring& path, UINT32 encoding);
-    /// Writes the text and goes on with that file. Throws a Failure; nothing has changed then.
-    void SaveAs(const std::wstring& path, UINT32 encoding);
-    /// Shows a file, or tells the user why not.
-    void OpenOrTell(const std::wstring& path) noexcept;
-    /// Throws a Failure when the text has no such place; the caret is then at the nearest one.
-    void GoTo(TextPlace place);
-    [[nodiscard]] const Document& CurrentDocument() const noexcept { return m_document; }
+    [[nodiscard]] Pane& Active() const noexcept { return *m_panes[m_active]; }
+    /// @return the other text, null when there is one only
+    [[nodiscard]] Pane* Other() const noexcept { return m_panes[1 - m_active].get(); }
+    /// Shows a second, empty text beside the present one and makes it the active one.
+    void Split();
+    /// Makes the other text the active one, if there is one.
+    void NextPane();
 
-    /// Brings the status bar up to date. The control tells of every move of its caret, but not of its typing mode.
+    /// Shows a file in the active text, which may ask to be saved first, or tells the user why not.
+    void OpenOrTell(const std::wstring& path) noexcept;
+    /// The same in the other text, which becomes the active one and is made if there is none.
+    void OpenBeside(const std::wstring& path) noexcept;
+    /// Runs a command of the menu; a failure is told to the user.
+    void Run(unsigned command) noexcept;
+    /// Brings the status bar up to date: the control does not tell of its typing mode, nor of what the host does.
     void RefreshStatus();
 
 private:
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnCreate();
     void OnSize();
     void OnDpiChanged(const RECT& suggested);
-    void OnEditorChanged(bool textChanged);
-    void OnCommand(unsigned command) noexcept;
+    void OnDropFiles(HDROP drop);
+    [[nodiscard]] bool OnSetCursor() const noexcept;
+    void OnPaneFocused(Pane& pane) override;
+    void OnPaneChanged(Pane& pane) override;
     void RunCommand(unsigned command);
 
-    // The menu's commands; a Failure in one is told to the user.
-    void CommandOpen();
+    void CommandOpen() { Active().AskAndOpen(); }
+    void CommandSave() { Active().Save(); }
+    void CommandSaveAs() { Active().AskAndSave(); }
+    void CommandSplit();
+    void CommandBreakPoint();
+    void CommandRemoveBreakPoints() { Active().RemoveBreakPoints(); }
+    void CommandExecPoint() { Active().MoveExecPoint(); }
+    void CommandClearExecPoint() { Active().ClearExecPoint(); }
     void CommandReopen(UINT32 encoding);
-    void CommandSave() { Save(); }
-    void CommandSaveAs() { SaveUnderChosenName(); }
-    void CommandEncoding(UINT32 encoding);
     void CommandExit();
     void CommandAbout();
 
-    // Both throw a Failure, and return false when the user gave up.
-    bool Save();
-    bool SaveUnderChosenName();
-    /// @return false when the user wants to keep the changed text and go on
-    [[nodiscard]] bool MayLeaveText();
-    /// Runs the body; a failure in it is told to the user. @return false for a failure
-    template <class Body>
-    bool OrTell(Body body) const noexcept;
-    void Tell(const wchar_t* message) const noexcept;
-
-    /// Moves text, caret and view to a new control: of that theme, and as the document's path and access ask for.
-    void RenewEditor(UINT32 theme);
-    [[nodiscard]] Editor MakeEditor(const Document& document, UINT32 theme) const;
-    void Replace(Editor editor, Document document);
+    [[nodiscard]] std::unique_ptr<Pane> MakePane();
+    /// Ends the split with the left text staying, unless the user wants to keep a changed one.
+    void Unsplit();
+    void Activate(Pane& pane);
+    void SetTheme(UINT32 theme);
+    [[nodiscard]] bool MayLeaveTexts();
     void RefreshTitle();
 
     HWND m_window = nullptr;
     StatusBar m_statusBar;
-    Editor m_editor;
-    Document m_document;
+    Splitter m_splitter;
+    std::array<std::unique_ptr<Pane>, 2> m_panes;  // the second only in a split
+    std::size_t m_active = 0;
+    std::wstring m_title;  // as it is shown
     UINT32 m_theme;
 };
 

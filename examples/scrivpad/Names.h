@@ -4,6 +4,8 @@
 
 namespace scrivpad {
 
+inline constexpr const wchar_t* programName = L"Scrivpad";
+
 /// The name of an encoding code and of a theme, in the order of the numbers.
 struct NumberName {
     UINT32 number;

@@ -11,8 +11,9 @@ namespace {
 /// The longest text of each part; the last part takes the rest of the bar.
 constexpr const wchar_t* widestTexts[StatusBar::partCount - 1] = {
     L"Стр 0000000, Стб 000",
-    L"По умолчанию (UTF-8)",
     L"ВСТ",
+    L"Изменён",
+    L"По умолчанию (UTF-8)",
 };
 
 [[nodiscard]] int TextWidth(HDC dc, const wchar_t* text) noexcept

@@ -7,10 +7,10 @@
 
 namespace scrivpad {
 
-/// The bar at the bottom of the window: line and column, encoding, insert or overwrite, read-only.
+/// The bar at the bottom of the window: line and column, insert or overwrite, changed or not, encoding, read-only.
 class StatusBar {
 public:
-    enum Part { place, encoding, mode, access, partCount };
+    enum Part { place, mode, change, encoding, access, partCount };
 
     /// @return false when the bar could not be made
     [[nodiscard]] bool Create(HWND parent);

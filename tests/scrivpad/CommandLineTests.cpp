@@ -34,12 +34,18 @@ TEST(CommandLine, TakesAllOptionsInAnyOrder)
 {
     const ParsedCommandLine parsed =
         Parse({L"--exit", L"--save-encoding", L"4", L"demo.cpp", L"--theme", L"5", L"--encoding", L"0", L"--goto",
-               L"12:3", L"--save-as", L"out.txt", L"--screenshot", L"a b.png"});
+               L"12:3", L"--save-as", L"out.txt", L"--screenshot", L"a b.png", L"--select-to", L"14:1", L"--break-point",
+               L"7", L"--exec-point", L"8", L"--break-point", L"9", L"--find", L"--beside", L"b.cpp"});
     EXPECT_TRUE(parsed.error.empty());
     const Options& options = parsed.options;
     EXPECT_EQ(options.theme, 5u);
     EXPECT_EQ(options.encoding, 0u);
     EXPECT_EQ(options.caret, (TextPlace{12, 3}));
+    EXPECT_EQ(options.selectTo, (TextPlace{14, 1}));
+    EXPECT_EQ(options.breakPoints, (std::vector<int>{7, 9}));
+    EXPECT_EQ(options.execPoint, 8);
+    EXPECT_TRUE(options.find);
+    EXPECT_EQ(options.beside, L"b.cpp");
     EXPECT_EQ(options.saveAs, L"out.txt");
     EXPECT_EQ(options.saveEncoding, 4u);
     EXPECT_EQ(options.screenshot, L"a b.png");
@@ -52,7 +58,8 @@ TEST(CommandLine, EveryOptionAloneMakesItAutomated)
 {
     for (const Arguments& arguments :
          {Arguments{L"--theme", L"1"}, Arguments{L"--encoding", L"1"}, Arguments{L"--goto", L"1:1"},
-          Arguments{L"--save-as", L"x"}, Arguments{L"--screenshot", L"x"}, Arguments{L"--exit"}})
+          Arguments{L"--select-to", L"1:1"}, Arguments{L"--break-point", L"1"}, Arguments{L"--exec-point", L"1"},
+          Arguments{L"--find"}, Arguments{L"--beside", L"x"}, Arguments{L"--save-as", L"x"}, Arguments{L"--screenshot", L"x"}, Arguments{L"--exit"}})
         EXPECT_TRUE(Parse(arguments).options.Automated());
 }
 
@@ -76,7 +83,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Arguments{L"--encoding", L"6"}, Arguments{L"--encoding", L"utf-8"}, Arguments{L"--goto", L"5"},
                     Arguments{L"--goto", L"0:1"}, Arguments{L"--goto", L"1:0"}, Arguments{L"--goto", L"1:"},
                     Arguments{L"--goto", L":1"}, Arguments{L"--goto", L"1:2:3"}, Arguments{L"--goto", L"2147483648:1"},
-                    Arguments{L"--save-as"}, Arguments{L"--save-as", L""}, Arguments{L"--save-encoding", L"2"},
+                    Arguments{L"--select-to", L"1"}, Arguments{L"--break-point", L"0"},
+                    Arguments{L"--exec-point", L"x"}, Arguments{L"--beside", L""}, Arguments{L"--save-as"}, Arguments{L"--save-as", L""}, Arguments{L"--save-encoding", L"2"},
                     Arguments{L"--screenshot", L""}, Arguments{L"a", L"b"}, Arguments{L""}));
 
 }  // namespace

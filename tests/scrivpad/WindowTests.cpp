@@ -42,14 +42,7 @@ protected:
         return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     }
 
-    /// @return the one control in the window
-    [[nodiscard]] HWND Control() const
-    {
-        HWND child = ::GetWindow(window.Handle(), GW_CHILD);
-        while (child != nullptr && edGetHWND(child) == nullptr)
-            child = ::GetWindow(child, GW_HWNDNEXT);
-        return child;
-    }
+    [[nodiscard]] HWND Control() const { return window.Active().Control(); }
 
     [[nodiscard]] std::wstring Text() const
     {
@@ -110,9 +103,9 @@ TEST_F(Window, KeepsCaretViewAndBreakPointsThroughAThemeChange)
     std::string text;
     for (int i = 0; i < 300; ++i)
         text += "line " + std::to_string(i) + "\n";
-    window.Open(Write(L"window.txt", text), ED_ENCODING_DEFAULT);
+    window.Active().Open(Write(L"window.txt", text), ED_ENCODING_DEFAULT);
     window.Show(SW_SHOWNOACTIVATE);
-    window.GoTo({121, 4});
+    window.Active().GoTo({121, 4});
     edSetScrollPosition(Control(), 110, 0);
     edSetBreakPoint(Control(), 5);
     edSetBreakPoint(Control(), 200);
@@ -129,7 +122,7 @@ TEST_F(Window, KeepsCaretViewAndBreakPointsThroughAThemeChange)
 
 TEST_F(Window, KeepsTheSelectionThroughAThemeChangeWithTheCaretAtEitherEnd)
 {
-    window.Open(Write(L"window.txt", "one\ntwo\nthree"), ED_ENCODING_DEFAULT);
+    window.Active().Open(Write(L"window.txt", "one\ntwo\nthree"), ED_ENCODING_DEFAULT);
     for (const bool backwards : {false, true}) {
         const edPoint from = backwards ? edPoint{2, 2} : edPoint{1, 0};
         const edPoint to = backwards ? edPoint{1, 0} : edPoint{2, 2};
@@ -145,16 +138,16 @@ TEST_F(Window, KeepsTheSelectionThroughAThemeChangeWithTheCaretAtEitherEnd)
 TEST_F(Window, KeepsLineEndsAndMarkOfTheFileThroughAThemeChange)
 {
     const std::string bytes = "\xEF\xBB\xBFone\r\n\xD0\x96\r\nthree";
-    window.Open(Write(L"window.txt", bytes), ED_ENCODING_DEFAULT);
+    window.Active().Open(Write(L"window.txt", bytes), ED_ENCODING_DEFAULT);
     ChooseTheme(ED_THEME_MIRANA);
     const std::wstring saved = Path(L"window saved.txt");
-    window.SaveAs(saved, window.CurrentDocument().encoding);
+    window.Active().SaveAs(saved, window.Active().CurrentDocument().encoding);
     EXPECT_EQ(Read(saved), bytes);
 }
 
 TEST_F(Window, KeepsALastEmptyLineThroughAThemeChange)
 {
-    window.Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
+    window.Active().Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
     for (const wchar_t* text : {L"\n", L"a\n\n", L"\n\n", L"a\n\n\n"}) {
         edLoadText(Control(), text, 1);
         const UINT32 lines = edGetLineCount(Control());
@@ -165,8 +158,8 @@ TEST_F(Window, KeepsALastEmptyLineThroughAThemeChange)
 
 TEST_F(Window, KeepsCharactersThatTheFilesEncodingLacksThroughAThemeChange)
 {
-    window.Open(Write(L"window.txt", "caf\xE9"), ED_ENCODING_DEFAULT);
-    ASSERT_EQ(window.CurrentDocument().encoding, UINT32{ED_ENCODING_ANSI});
+    window.Active().Open(Write(L"window.txt", "caf\xE9"), ED_ENCODING_DEFAULT);
+    ASSERT_EQ(window.Active().CurrentDocument().encoding, UINT32{ED_ENCODING_ANSI});
     edLoadText(Control(), L"снег \x2603", 1);
     ChooseTheme(ED_THEME_OCEAN);
     EXPECT_EQ(Text(), L"снег \x2603");
@@ -174,11 +167,11 @@ TEST_F(Window, KeepsCharactersThatTheFilesEncodingLacksThroughAThemeChange)
 
 TEST_F(Window, MarksAChangedTextInItsTitleUntilItIsSaved)
 {
-    window.Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
+    window.Active().Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
     EXPECT_EQ(Title(), L"window.txt \x2013 Scrivpad");
-    ::SendMessageW(window.Handle(), ED_NOTIFY_CARET, 0, 0);
+    ::SendMessageW(window.Active().Handle(), ED_NOTIFY_CARET, 0, 0);
     EXPECT_EQ(Title(), L"window.txt \x2013 Scrivpad");
-    ::SendMessageW(window.Handle(), ED_NOTIFY_CARET, 1, 0);
+    ::SendMessageW(window.Active().Handle(), ED_NOTIFY_CARET, 1, 0);
     EXPECT_EQ(Title(), L"*window.txt \x2013 Scrivpad");
     ChooseTheme(ED_THEME_OCEAN);
     EXPECT_EQ(Title(), L"*window.txt \x2013 Scrivpad");
@@ -190,25 +183,25 @@ TEST_F(Window, ShowsAReadOnlyFileReadOnlyUntilItIsSavedUnderAnotherName)
 {
     const std::wstring path = Write(L"window.txt", "one");
     ::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY);
-    window.Open(path, ED_ENCODING_DEFAULT);
+    window.Active().Open(path, ED_ENCODING_DEFAULT);
     EXPECT_TRUE(edGetMode(Control(), ED_MODE_READONLY));
-    window.SaveAs(Path(L"window saved.txt"), ED_ENCODING_UTF8);
+    window.Active().SaveAs(Path(L"window saved.txt"), ED_ENCODING_UTF8);
     EXPECT_FALSE(edGetMode(Control(), ED_MODE_READONLY));
     EXPECT_EQ(Text(), L"one");
 }
 
 TEST_F(Window, KeepsItsTextWhenAFileCannotBeOpened)
 {
-    window.Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
-    EXPECT_THROW(window.Open(L"no such file.txt", ED_ENCODING_DEFAULT), Failure);
+    window.Active().Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
+    EXPECT_THROW(window.Active().Open(L"no such file.txt", ED_ENCODING_DEFAULT), Failure);
     EXPECT_EQ(Text(), L"one");
     EXPECT_EQ(Title(), L"window.txt \x2013 Scrivpad");
 }
 
 TEST_F(Window, ShowsAnEmptyFileAsAnEmptyText)
 {
-    window.Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
-    window.Open(Write(L"window empty.txt", ""), ED_ENCODING_DEFAULT);
+    window.Active().Open(Write(L"window.txt", "one"), ED_ENCODING_DEFAULT);
+    window.Active().Open(Write(L"window empty.txt", ""), ED_ENCODING_DEFAULT);
     EXPECT_EQ(Text(), L"");
 }
 
@@ -223,17 +216,17 @@ TEST_F(Window, ShowsAnEmptyFileAsAnEmptyText)
 TEST_F(Window, ReadsTheFileAgainInAnotherEncoding)
 {
     ASSERT_NE(InCodePage(CP_ACP, '\xE1'), InCodePage(CP_OEMCP, '\xE1'));
-    window.Open(Write(L"window.txt", "\xE1"), ED_ENCODING_DEFAULT);
+    window.Active().Open(Write(L"window.txt", "\xE1"), ED_ENCODING_DEFAULT);
     EXPECT_EQ(Text(), InCodePage(CP_ACP, '\xE1'));
     Choose(cmdFirstReopen, ED_ENCODING_OEM);
-    EXPECT_EQ(window.CurrentDocument().encoding, UINT32{ED_ENCODING_OEM});
+    EXPECT_EQ(window.Active().CurrentDocument().encoding, UINT32{ED_ENCODING_OEM});
     EXPECT_EQ(Text(), InCodePage(CP_OEMCP, '\xE1'));
 }
 
 TEST_F(Window, SavesInTheEncodingOfTheMenu)
 {
     const std::wstring path = Write(L"window.txt", "a\xD0\x96");
-    window.Open(path, ED_ENCODING_DEFAULT);
+    window.Active().Open(path, ED_ENCODING_DEFAULT);
     Choose(cmdFirstEncoding, ED_ENCODING_UTF16BE);
     Choose(cmdSave);
     EXPECT_EQ(Read(path), std::string("\xFE\xFF\0a\x04\x16", 6));
