@@ -9,7 +9,8 @@
 /// - Call them on the thread that created the control.
 /// - Text is UTF-16, with the single character 10 as line break. Lines and columns count from 0, in characters; a tab
 ///   is one character.
-/// - A handle that is no window, or no control, is answered at once with the result named "bad handle" below.
+/// - A handle that is no window, or no control of the calling thread, is answered at once with the result named "bad
+///   handle" below.
 /// - No exception leaves them: a fault inside is written to the log "scrivctl.log" beside the host's executable, and
 ///   the call answers as for a bad handle unless told otherwise.
 #pragma once

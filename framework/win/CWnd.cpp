@@ -43,8 +43,8 @@ void UnregisterWndClass() noexcept
 
 CWnd* CWnd::FromHandle(HWND wnd) noexcept
 {
-    DWORD process = 0;
-    if (!registeredClass || !::GetWindowThreadProcessId(wnd, &process) || process != ::GetCurrentProcessId())
+    // A thread is of one process only, so this leaves out the windows of others as well.
+    if (!registeredClass || ::GetWindowThreadProcessId(wnd, nullptr) != ::GetCurrentThreadId())
         return nullptr;
     if (::GetClassLongPtrW(wnd, GCW_ATOM) != registeredClass)
         return nullptr;

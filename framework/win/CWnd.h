@@ -50,7 +50,7 @@ public:
     CWnd& operator=(const CWnd&) = delete;
     virtual ~CWnd() = default;
 
-    /// The object of a window of this library; null for any other window, which is not touched.
+    /// The object of a window of this library and this thread; null for any other window, which is not touched.
     [[nodiscard]] static CWnd* FromHandle(HWND wnd) noexcept;
 
     [[nodiscard]] HWND GetSafeHwnd() const noexcept { return m_hWnd; }
