@@ -18,13 +18,7 @@ protected:
         ::SetForegroundWindow(window.Handle());
         Pump(50);
     }
-    ~Use() override
-    {
-        if (window.Handle() != nullptr)
-            window.Active().Open(Write(L"use end.txt", ""), ED_ENCODING_DEFAULT);  // nothing is left to be asked about
-        Type({VK_ESCAPE});
-        ::DestroyAcceleratorTable(m_shortcuts);
-    }
+    ~Use() override { ::DestroyAcceleratorTable(m_shortcuts); }
 
     void Pump(DWORD milliseconds)
     {
