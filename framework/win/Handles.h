@@ -13,11 +13,15 @@ struct xTGdiDelete {
 struct xTDcDelete {
     void operator()(HDC h) const noexcept { ::DeleteDC(h); }
 };
+struct xTGlobalFree {
+    void operator()(HGLOBAL h) const noexcept { ::GlobalFree(h); }
+};
 
 using xTFont = std::unique_ptr<std::remove_pointer_t<HFONT>, xTGdiDelete>;
 using xTBrush = std::unique_ptr<std::remove_pointer_t<HBRUSH>, xTGdiDelete>;
 using xTBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, xTGdiDelete>;
 using xTMemDC = std::unique_ptr<std::remove_pointer_t<HDC>, xTDcDelete>;  // not for GetDC: that is xTClientDC
+using xTGlobal = std::unique_ptr<std::remove_pointer_t<HGLOBAL>, xTGlobalFree>;  // a block of global memory
 
 /// The device context of a window's client area, or of the whole screen for a null window, given back at the end.
 class xTClientDC {
@@ -88,4 +92,22 @@ public:
 
 private:
     HDC m_dc;
+};
+
+/// A block of global memory while it is read or written; `get` is null when the system cannot give it.
+class xTGlobalLock {
+public:
+    explicit xTGlobalLock(HGLOBAL block) noexcept : m_block(block), m_data(block ? ::GlobalLock(block) : nullptr) {}
+    xTGlobalLock(const xTGlobalLock&) = delete;
+    xTGlobalLock& operator=(const xTGlobalLock&) = delete;
+    ~xTGlobalLock()
+    {
+        if (m_data)
+            ::GlobalUnlock(m_block);
+    }
+    [[nodiscard]] void* get() const noexcept { return m_data; }
+
+private:
+    HGLOBAL m_block;
+    void* m_data;
 };
