@@ -35,6 +35,11 @@ const xTMessageRow<CEditorCtrl> CEditorCtrl::messages[] = {
     {WM_CHAR, &CEditorCtrl::OnChar},
     {WM_SYSKEYDOWN, &CEditorCtrl::OnSysKeyDown},
     {WM_SYSCHAR, &CEditorCtrl::OnSysChar},
+    {WM_LBUTTONDOWN, &CEditorCtrl::OnLButtonDown},
+    {WM_LBUTTONUP, &CEditorCtrl::OnLButtonUp},
+    {WM_LBUTTONDBLCLK, &CEditorCtrl::OnLButtonDblClk},
+    {WM_MOUSEMOVE, &CEditorCtrl::OnMouseMove},
+    {WM_CAPTURECHANGED, &CEditorCtrl::OnCaptureChanged},
     {WM_VSCROLL, &CEditorCtrl::OnVScroll},
     {WM_HSCROLL, &CEditorCtrl::OnHScroll},
     {WM_MOUSEWHEEL, &CEditorCtrl::OnMouseWheel},
@@ -88,7 +93,10 @@ LRESULT CEditorCtrl::OnCreate(const xTMessage& message)
     if (std::exchange(m_partsMade, true))
         return 0;  // not the system's message: somebody sent it to a living window
     // After a fault a half-built control goes on living; whoever uses a part asks whether it is there.
-    return Guarded(LRESULT{0}, [&]() -> LRESULT { return MakeParts() ? 0 : -1; });
+    return Guarded(LRESULT{0}, [&]() -> LRESULT {
+        StartDrops();
+        return m_hWnd && MakeParts() ? 0 : -1;
+    });
 }
 
 bool CEditorCtrl::MakeParts()
@@ -120,6 +128,7 @@ LRESULT CEditorCtrl::OnDestroy(const xTMessage& message)
     Guarded([&] {
         if (m_ticker)
             ::KillTimer(m_hWnd, m_ticker);  // the other timer dies with the window
+        EndDrops();
         m_caret.Destroy();
         RetireParts();
     });
@@ -173,6 +182,7 @@ LRESULT CEditorCtrl::OnKillFocus(const xTMessage& message)
             ::ReleaseCapture();
         m_caret.Destroy();
         Default(message);
+        m_mouseState = xTMouseState::idle;
         // A host hears nothing when the focus goes to another control: that one reports its own caret.
         if (!FromHandle(reinterpret_cast<HWND>(message.wParam)))
             NotifyHost(false, -1);
@@ -188,6 +198,8 @@ LRESULT CEditorCtrl::OnTimer(const xTMessage& message)
         timerBusy = true;
         if (message.wParam == m_ticker)
             FreeIdleBitmap();
+        if (message.wParam == m_scrollTimer && m_mouseState == xTMouseState::selecting)
+            FollowHeldPointer();
         timerBusy = false;
     });
     return Default(message);

@@ -8,6 +8,7 @@
 #include "editing/xTFindReplace.h"
 #include "framework/win/CDC.h"
 #include "framework/win/Handles.h"
+#include "framework/win/OleDataSource.h"
 #include "store/MemStor.h"
 #include "zsl/text_encoding.h"
 
@@ -17,7 +18,6 @@
 struct edPoint;
 struct edPrintSetup;
 
-constexpr UINT ED_DRAG_SCROLL = 0x40D;  ///< from the drop target, while a drag is over the control
 constexpr UINT ED_AFTER_PAINT = 0x40E;  ///< from the paint handler to its own window
 
 /// The window of one control and the owner of all that a control is. It lives in the host's message loop, on the thread
@@ -133,6 +133,11 @@ private:
     LRESULT OnVScroll(const xTMessage& message);
     LRESULT OnHScroll(const xTMessage& message);
     LRESULT OnMouseWheel(const xTMessage& message);
+    LRESULT OnLButtonDown(const xTMessage& message);
+    LRESULT OnLButtonUp(const xTMessage& message);
+    LRESULT OnLButtonDblClk(const xTMessage& message);
+    LRESULT OnMouseMove(const xTMessage& message);
+    LRESULT OnCaptureChanged(const xTMessage& message);
     LRESULT OnDragScroll(const xTMessage& message);
     LRESULT OnAfterPaint(const xTMessage& message);
 
@@ -171,8 +176,25 @@ private:
     void SetBar(int bar, SCROLLINFO info) noexcept;
     void SetBarPosition(int bar, int position) noexcept;
     [[nodiscard]] int CaretOutOfView(std::int32_t& count) const noexcept;
+
+    // The mouse. Points are in client pixels.
     [[nodiscard]] std::int32_t RowOfPoint(int y) const noexcept;
+    void CaretToRow(std::int32_t row, int x);
+    void CaretToClick(POINT point);
     void CaretToPoint(POINT point, bool invalidate);
+    bool PressInsideSelection();
+    [[nodiscard]] bool CaretInSelection() const noexcept;
+    void ShowPointer(bool inside) noexcept;
+    void ForwardToGrandparent(const xTMessage& message) const noexcept;
+    void SelectionStep(POINT point);
+    void BringIntoViewUnseen(std::int32_t line);
+    void FollowHeldPointer();
+
+    // Drag and drop
+    void StartDrag();
+    void DeleteDragged();
+    void on_drop(IDataObject* data, DWORD effect, POINT point) override;
+    void BringForward() const noexcept;
 
     // Keys
     struct xTKeyMap;
@@ -269,7 +291,23 @@ private:
     UINT_PTR m_scrollTimer = 0;
     std::uint32_t m_idleMs = 0;  // since the last paint
     std::uint32_t m_defaultTheme;
+
+    // The mouse and drags
+    enum class xTMouseState : std::uint16_t {
+        idle,
+        down,      // the button is down, or a selection step is in progress
+        selecting  // at least one step has been taken: the timer may drive it
+    };
+    xTMouseState m_mouseState = xTMouseState::idle;
+    bool m_dragCandidate = false;  // the button went down inside the selection
+    bool m_pictureHeld = false;
+    HCURSOR m_textCursor = ::LoadCursorW(nullptr, IDC_IBEAM);
+    HCURSOR m_previousCursor = nullptr;  // what SetCursor returned last
+    xTPos m_mouseAnchor;  // where a mouse selection began
     POINT m_lastMousePoint{-1, -1};
+    xTPosRange m_dragRange{{0, 0}, {0, 0}};  // the selection as it stood when a drag began
+    COleDataSource m_dragData;
+
     zsl::text_encoding m_fileEncoding;  // of the file that the text came from: its mark and line ends go back into a save
     xTFindReplace m_find{this};
     xTCaret m_caret;

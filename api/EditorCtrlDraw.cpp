@@ -64,7 +64,7 @@ bool CEditorCtrl::CannotPaintNow() const noexcept
 // scan asks for inside a paint is done.
 void CEditorCtrl::UpdateNow()
 {
-    if (!CannotPaintNow())
+    if (!CannotPaintNow() && !m_pictureHeld)
         ::UpdateWindow(m_hWnd);
 }
 

@@ -85,6 +85,8 @@ void CEditorCtrl::UpdateScrollBars(int which)
 // stays out of it: it shows the background, not the head of a line that was scrolled into it.
 void CEditorCtrl::ShiftBits(std::int64_t dx, std::int64_t dy)
 {
+    if (m_pictureHeld)
+        return;  // the whole of it is about to be painted
     RECT rows = ClientRect();
     const std::int64_t width = rows.right;
     const std::int64_t height = rows.bottom;
