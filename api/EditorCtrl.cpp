@@ -1,6 +1,7 @@
 #include "api/EditorCtrl.h"
 
 #include "diagnostics/Guarded.h"
+#include "framework/win/Resource.h"
 #include "include/scrivctl3.h"
 
 namespace {
@@ -77,13 +78,14 @@ CEditorCtrl::~CEditorCtrl()
 
 bool CEditorCtrl::Create(const RECT& rect, HWND parent, const WCHAR* caption) noexcept
 {
+    const xTResource resources;
     // Without WS_VISIBLE: the control is born hidden, and paints itself only once its host has shown it.
     return CreateWnd({WS_EX_CLIENTEDGE, caption, WS_CHILD | WS_VSCROLL | WS_HSCROLL, rect, parent, childWindowId});
 }
 
 CEditorCtrl* CEditorCtrl::FromHandle(HWND control) noexcept
 {
-    return static_cast<CEditorCtrl*>(CWnd::FromHandle(control));
+    return dynamic_cast<CEditorCtrl*>(CWnd::FromHandle(control));  // a colour cell is a window of ours too
 }
 
 LRESULT CEditorCtrl::OnCreate(const xTMessage& message)

@@ -58,6 +58,13 @@ public:
     // Appearance
     /// Takes a settings block, where it is readable, and rebuilds the fonts in any case.
     void ReloadSettings(const xTSettingsBlock& block);
+    /// @return the bytes written, or the bytes needed when the block is too small; 0 for a null block
+    std::uint32_t SaveSettings(xTSettingsBlock* block) const;
+    /// Fills the table with theme 1 to 5 and rebuilds the fonts; any other number does nothing.
+    void ApplyTheme(std::uint32_t theme);
+    void SetHighlightHook(const xTHighlightHook& hook) noexcept { m_highlightHook = hook; }
+    /// Null before the window is made and once it is gone.
+    [[nodiscard]] xTAttribTable* Attributes() const noexcept { return m_attribs.get(); }
 
     /// @param code  an ED_POSITION_ code @return false when there is no such code or no such place
     bool GetPosition(int code, edPoint* out);

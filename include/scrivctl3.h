@@ -342,6 +342,32 @@ SCRIVCTL3_API int edGetSnapshotOldLine(HWND control, int line);
 ///               inside the call
 SCRIVCTL3_API void edReloadTuneSettings(HWND control, const edSettingsBlock* block);
 
+// The two pages on which a user tunes the look. A host places them in a dialog of its own. They change nothing but one
+// preview, which all pages of the process share and which the first of them makes; edApplyTuningChanges fetches what
+// the user has made of it, for the host to keep and to hand to its controls. The last page takes the preview along.
+// The pages are child dialogs with WS_EX_CONTROLPARENT, so Tab goes through them where the host's dialog lets it.
+
+/// Makes the page of font and tabs, shown: 238 by 147 dialog units.
+/// @param parent    the host's page or dialog; it gets the messages 0x365 and 0x366 that ask for help
+/// @param rect      place in the parent's client area, in pixels; null: the template's size at 0,0
+/// @param settings  what a new preview begins with, theme 1 where it holds nothing readable; an open preview goes on as
+///                  it is. Null gives 0
+/// @param hook      classifies the preview's text; the first one given holds for all pages. May be null; what
+///                  `hook->ctx` points to has to outlive the pages
+/// @return the page's window, which goes with its parent or by DestroyWindow; 0 on failure. Bad `parent`: 0
+SCRIVCTL3_API HWND edCreateFontTuneDialog(HWND parent, const RECT* rect, const edSettingsBlock* settings,
+                                          const edHighlightHook* hook);
+
+/// Makes the page of colours and styles, which also shows the preview: 250 by 190 dialog units. Everything else as for
+/// edCreateFontTuneDialog.
+SCRIVCTL3_API HWND edCreateHighlightTuneDialog(HWND parent, const RECT* rect, const edSettingsBlock* settings,
+                                               const edHighlightHook* hook);
+
+/// Writes the settings of the preview into a block. `block->size` is the room and stays as it is.
+/// @param block  null gives 0; null data or too little room leave it unchanged
+/// @return the size of the settings in bytes, written or not; 0 when no page is open
+SCRIVCTL3_API UINT32 edApplyTuningChanges(edSettingsBlock* block);
+
 // ---- Printing -------------------------------------------------------------------------------------------------
 //
 // The host owns the printer, the page loop and the mapping of units; the control splits the text into pages and draws

@@ -80,6 +80,13 @@ void CWnd::DeleteWhenUnwound() noexcept
     m_deleteWhenUnwound = true;
 }
 
+void CWnd::ForgetWindow() noexcept
+{
+    m_hWnd = nullptr;
+    if (m_deleteWithWindow)
+        DeleteWhenUnwound();
+}
+
 void CWnd::Unwound() noexcept
 {
     OnUnwound();
@@ -108,7 +115,7 @@ LRESULT CALLBACK CWnd::Procedure(HWND wnd, UINT id, WPARAM wParam, LPARAM lParam
     }
     if (id == WM_NCDESTROY) {
         ::SetWindowLongPtrW(wnd, 0, 0);
-        object->m_hWnd = nullptr;
+        object->ForgetWindow();
     }
     return result;
 }

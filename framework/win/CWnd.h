@@ -56,6 +56,8 @@ public:
     [[nodiscard]] HWND GetSafeHwnd() const noexcept { return m_hWnd; }
     void DestroyWindow() noexcept;
     void DeleteWhenUnwound() noexcept;
+    /// From now on the object, made with `new`, goes when its window does, whoever destroys that.
+    void DeleteWithWindow() noexcept { m_deleteWithWindow = true; }
 
     HWND m_hWnd = nullptr;
 
@@ -81,6 +83,9 @@ protected:
     /// The outermost handler has ended.
     virtual void OnUnwound() noexcept {}
 
+    /// The window has had its last message.
+    void ForgetWindow() noexcept;
+
     LRESULT Default(const xTMessage& message) noexcept
     {
         return ::DefWindowProcW(m_hWnd, message.id, message.wParam, message.lParam);
@@ -94,6 +99,7 @@ private:
 
     int m_depth = 0;
     bool m_deleteWhenUnwound = false;
+    bool m_deleteWithWindow = false;
 };
 
 /// While one lives, its window object does.
