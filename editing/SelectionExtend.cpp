@@ -176,4 +176,8 @@ void ExtendSelection(xTMemStorage& store, int direction)
     const auto fits = [&](const xTExtensionRow& row) { return row.direction == direction && (extension.*row.state)(); };
     if (const auto* row = std::ranges::find_if(extensionRows, fits); row != std::end(extensionRows))
         (extension.*row->action)();
+    // The view follows the caret in the middle of a move, and painting an empty line then takes a selection away that has
+    // only one bound yet. The bound that is set behind it must not stay alone: Delete would take it for its place.
+    if (!store.has_selection())
+        store.selection.first = store.selection.last = xTPos::none;
 }
