@@ -117,8 +117,8 @@ void xTMemStorage::split_pages(const xTPrintSetup& setup, xTPrintJob& job) const
     for (xTPos cur = begin; reached != end && cur.line <= end.line; cur = {reached.line + 1, 0}) {
         const bool firstPage = job.pages.empty();
         RECT rect = firstPage ? setup.firstPage : setup.middlePage;
-        // Where the middle rectangle has taken all the rest once, it takes the rest of that rest too: it is not measured
-        // again, so that the splitting is linear in the text also when the last rectangle holds much less.
+        // Where the middle rectangle has taken all the rest once, it takes the rest of that rest too. It is not
+        // measured again, so that the splitting is linear in the text also when the last rectangle holds much less.
         if (!middleTakesTheRest && !DrawTextRows(setup.dc, rect, true, job.font.tabSize, cur, end, reached))
             return;
         if (middleTakesTheRest || reached.line == end.line) {
@@ -138,7 +138,7 @@ bool xTMemStorage::DrawTextRows(HDC dc, const RECT& rect, bool measureOnly, std:
     std::int64_t used = 0;
     bool taken = false;
     for (std::int32_t line = std::max(from.line, 0); line <= to.line && line < line_count(); ++line) {
-        const CString whole = lines[line].m_text;  // a copy: it stays whatever a printer driver lets the host do meanwhile
+        const CString whole = lines[line].m_text;  // a copy: a printer driver may let the host load another text
         const xTPrintedPart part = PartOf(whole, line, from, to);
         RECT rest = Below(rect, used);
         used += MeasuredHeight(dc, part.text, rest);

@@ -59,13 +59,13 @@ void Settle(HWND window)
     ::GdiFlush();
 }
 
-void TakeScreenshot(MainWindow& window, const std::wstring& path)
+void TakeScreenshot(HWND window, const std::wstring& path)
 {
-    ::SetForegroundWindow(window.Handle());
-    ::BringWindowToTop(window.Handle());
-    Settle(window.Handle());
+    ::SetForegroundWindow(window);
+    ::BringWindowToTop(window);
+    Settle(window);
     ::HideCaret(nullptr);  // it blinks: without it two pictures of one window are equal
-    SaveScreenshot(window.Handle(), WholePath(path));
+    SaveScreenshot(window, WholePath(path));
     ::ShowCaret(nullptr);
 }
 
@@ -112,8 +112,11 @@ void RunSteps(MainWindow& window, const Options& options)
     Pane& pane = window.Active();
     if (!options.saveAs.empty())
         pane.SaveAs(options.saveAs, options.saveEncoding.value_or(pane.CurrentDocument().encoding));
+    if (options.preview)
+        window.Run(cmdPreview);
+    const HWND preview = window.PreviewHandle();
     if (!options.screenshot.empty())
-        TakeScreenshot(window, options.screenshot);
+        TakeScreenshot(preview != nullptr ? preview : window.Handle(), options.screenshot);
 }
 
 }  // namespace scrivpad

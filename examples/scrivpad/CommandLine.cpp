@@ -115,6 +115,12 @@ bool SetFind(Options& options, std::wstring_view)
     return true;
 }
 
+bool SetPreview(Options& options, std::wstring_view)
+{
+    options.preview = true;
+    return true;
+}
+
 bool SetExit(Options& options, std::wstring_view)
 {
     options.exit = true;
@@ -142,6 +148,7 @@ constexpr OptionRow optionRows[] = {
     {L"--break-point", true, AddBreakPoint},
     {L"--exec-point", true, SetExecPoint},
     {L"--find", false, SetFind},
+    {L"--preview", false, SetPreview},
     {L"--save-as", true, SetSaveAs},
     {L"--save-encoding", true, SetSaveEncoding},
     {L"--screenshot", true, SetScreenshot},
@@ -221,7 +228,7 @@ private:
 
 bool Options::Automated() const noexcept
 {
-    return theme || encoding || caret || selectTo || execPoint || saveEncoding || find || exit ||
+    return theme || encoding || caret || selectTo || execPoint || saveEncoding || find || preview || exit ||
            !breakPoints.empty() || !beside.empty() || !saveAs.empty() || !screenshot.empty();
 }
 
@@ -241,6 +248,7 @@ const wchar_t* UsageText() noexcept
            L"  --break-point СТРОКА поставить точку останова; ключ можно повторять\n"
            L"  --exec-point СТРОКА  поставить точку исполнения\n"
            L"  --find               открыть окно поиска\n"
+           L"  --preview            открыть просмотр печати; снимок показывает его окно\n"
            L"  --save-as ПУТЬ       сохранить текст в этот файл\n"
            L"  --save-encoding N    кодировка для --save-as\n"
            L"  --screenshot ПУТЬ    снимок окна в формате PNG\n"

@@ -23,6 +23,7 @@ struct Options {
     std::vector<int> breakPoints;          ///< lines, from 1
     std::optional<int> execPoint;          ///< line, from 1
     bool find = false;                     ///< open the find dialog
+    bool preview = false;                  ///< open the print preview; a picture is then one of it
     std::wstring saveAs;
     std::optional<unsigned> saveEncoding;  ///< code, 0 to 5; none: that of the file
     std::wstring screenshot;

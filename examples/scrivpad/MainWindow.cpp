@@ -119,6 +119,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_QUERYENDSESSION:
         return MayLeaveTexts();
     case WM_DESTROY:
+        m_preview.reset();
         for (std::unique_ptr<Pane>& pane : m_panes)
             pane.reset();
         ::PostQuitMessage(0);

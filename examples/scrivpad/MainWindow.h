@@ -2,6 +2,7 @@
 
 #include "CommandLine.h"
 #include "Pane.h"
+#include "PrintPreview.h"
 #include "Splitter.h"
 #include "StatusBar.h"
 
@@ -39,6 +40,8 @@ public:
     void OpenBeside(const std::wstring& path) noexcept;
     /// Runs a command of the menu; a failure is told to the user.
     void Run(unsigned command) noexcept;
+    /// @return the window that shows the printed sheets, null when it is not open
+    [[nodiscard]] HWND PreviewHandle() const noexcept;
     /// Brings the status bar up to date: the control does not tell of its typing mode, nor of what the host does.
     void RefreshStatus();
 
@@ -58,6 +61,9 @@ private:
     void CommandOpen() { Active().AskAndOpen(); }
     void CommandSave() { Active().Save(); }
     void CommandSaveAs() { Active().AskAndSave(); }
+    void CommandPageSetup();
+    void CommandPreview();
+    void CommandPrint();
     void CommandSplit();
     void CommandBreakPoint();
     void CommandRemoveBreakPoints() { Active().RemoveBreakPoints(); }
@@ -82,6 +88,8 @@ private:
     std::size_t m_active = 0;
     std::wstring m_title;  // as it is shown
     UINT32 m_theme;
+    PageSetup m_pageSetup;
+    std::unique_ptr<PrintPreview> m_preview;  // shows the text of a pane
 };
 
 }  // namespace scrivpad

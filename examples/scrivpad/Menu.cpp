@@ -22,6 +22,10 @@ constexpr MenuRow fileRows[] = {
     {cmdSave, L"&Сохранить\tCtrl+S"},
     {cmdSaveAs, L"Сохранить &как...\tCtrl+Shift+S"},
     {0, nullptr},
+    {cmdPageSetup, L"Пара&метры страницы..."},
+    {cmdPreview, L"Пр&осмотр печати"},
+    {cmdPrint, L"&Печать...\tCtrl+P"},
+    {0, nullptr},
     {cmdExit, L"В&ыход\tAlt+F4"},
 };
 
@@ -74,6 +78,7 @@ constexpr ACCEL shortcuts[] = {
     Key(FCONTROL, 'O', cmdOpen),
     Key(FCONTROL, 'S', cmdSave),
     Key(FCONTROL | FSHIFT, 'S', cmdSaveAs),
+    Key(FCONTROL, 'P', cmdPrint),
     Key(FCONTROL, 'Z', EditCommand(ED_COMMAND_UNDO)),
     Key(FCONTROL, 'Y', EditCommand(ED_COMMAND_REDO)),
     Key(FCONTROL, 'X', EditCommand(ED_COMMAND_CUT)),

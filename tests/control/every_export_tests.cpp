@@ -160,6 +160,11 @@ void ExpectBad(HWND handle, const char* what)
     EXPECT_EQ(log.News(), "") << what;
 }
 
+HWND MakeChild(HWND parent, const wchar_t* className, const wchar_t* text)
+{
+    return ::CreateWindowExW(0, className, text, WS_CHILD, 0, 0, 9, 9, parent, nullptr, nullptr, nullptr);
+}
+
 /// A window of a class whose windows hold, where a control keeps its object, a pointer to nothing.
 HWND MakeLookalike(HWND parent)
 {
@@ -169,7 +174,7 @@ HWND MakeLookalike(HWND parent)
     wc.hInstance = ::GetModuleHandleW(nullptr);
     wc.lpszClassName = L"LookalikeOfAControl";
     ::RegisterClassW(&wc);
-    const HWND window = ::CreateWindowExW(0, wc.lpszClassName, L"", WS_CHILD, 0, 0, 10, 10, parent, nullptr, wc.hInstance, nullptr);
+    const HWND window = MakeChild(parent, wc.lpszClassName, L"");
     ::SetWindowLongPtrW(window, 0, 0x12345678);
     return window;
 }
@@ -203,7 +208,7 @@ TEST(BadHandles, OfADestroyedControlWhoseNumberAnotherWindowHas)
     for (int i = 0; i < 70000 && (!reused || place(reused) != place(destroyed)); ++i) {
         if (reused)
             ::DestroyWindow(reused);
-        reused = ::CreateWindowExW(0, L"EDIT", L"reused", WS_CHILD, 0, 0, 9, 9, host.Window(), nullptr, nullptr, nullptr);
+        reused = MakeChild(host.Window(), L"EDIT", L"reused");
     }
     ASSERT_EQ(place(reused), place(destroyed));
     ExpectBad(destroyed, "the number of a control that is gone");
@@ -214,7 +219,7 @@ TEST(BadHandles, OfADestroyedControlWhoseNumberAnotherWindowHas)
 TEST(BadHandles, OfAWindowThatIsNoControl)
 {
     ControlHost host;
-    const HWND foreign = ::CreateWindowExW(0, L"EDIT", L"foreign", WS_CHILD, 0, 0, 9, 9, host.Window(), nullptr, nullptr, nullptr);
+    const HWND foreign = MakeChild(host.Window(), L"EDIT", L"foreign");
     ExpectBad(::GetDesktopWindow(), "the desktop");
     ExpectBad(host.Window(), "the parent of a control");
     ExpectBad(foreign, "a window of another class");
@@ -261,12 +266,13 @@ TEST(BadHandles, OfAControlOfAnotherProcess)
 {
     wchar_t program[MAX_PATH];
     ::GetModuleFileNameW(nullptr, program, MAX_PATH);
-    std::wstring command = L"\"" + std::wstring(program) +
-                           L"\" --gtest_also_run_disabled_tests --gtest_filter=OtherProcess.DISABLED_HoldsAControl --gtest_output=";
+    std::wstring command = L"\"" + std::wstring(program) + L"\" --gtest_also_run_disabled_tests " +
+                           L"--gtest_filter=OtherProcess.DISABLED_HoldsAControl --gtest_output=";
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
-    ASSERT_TRUE(::CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr, &start, &process));
+    ASSERT_TRUE(::CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr,
+                                 &start, &process));
     HWND window = nullptr;
     for (int i = 0; i < 300 && !window; ++i) {
         Pump(30);
@@ -294,13 +300,14 @@ struct NullRow {
     std::int64_t (*call)(HWND control);
 };
 
-HWND CreateUnder(HWND control, void (*without)(edCreateParams&))
+template <typename Pointer>
+HWND CreateWithout(HWND control, Pointer edCreateParams::*field)
 {
     const RECT rect{0, 0, 9, 9};
     const edSettingsBlock settings{nullptr, 0};
     const edHighlightHook hook{nullptr, nullptr};
     edCreateParams params{::GetParent(control), &rect, L"caption", 0, &settings, &hook, 0};
-    without(params);
+    params.*field = nullptr;
     return edCreateCtrl(&params);
 }
 
@@ -333,17 +340,18 @@ std::int64_t LoadOwnText(HWND control)
 
 const NullRow nullRows[] = {
     {"CreateCtrlParams", 0, loaded, [](HWND) { return Number(edCreateCtrl(nullptr)); }},
-    {"CreateCtrlParent", 0, loaded, [](HWND h) { return Number(CreateUnder(h, [](edCreateParams& p) { p.parent = nullptr; })); }},
-    {"CreateCtrlRect", 1, loaded, [](HWND h) { return IsMade(CreateUnder(h, [](edCreateParams& p) { p.rect = nullptr; })); }},
-    {"CreateCtrlCaption", 1, loaded, [](HWND h) { return IsMade(CreateUnder(h, [](edCreateParams& p) { p.caption = nullptr; })); }},
-    {"CreateCtrlSettings", 1, loaded, [](HWND h) { return IsMade(CreateUnder(h, [](edCreateParams& p) { p.settings = nullptr; })); }},
-    {"CreateCtrlHook", 1, loaded, [](HWND h) { return IsMade(CreateUnder(h, [](edCreateParams& p) { p.highlightHook = nullptr; })); }},
+    {"CreateCtrlParent", 0, loaded, [](HWND h) { return Number(CreateWithout(h, &edCreateParams::parent)); }},
+    {"CreateCtrlRect", 1, loaded, [](HWND h) { return IsMade(CreateWithout(h, &edCreateParams::rect)); }},
+    {"CreateCtrlCaption", 1, loaded, [](HWND h) { return IsMade(CreateWithout(h, &edCreateParams::caption)); }},
+    {"CreateCtrlSettings", 1, loaded, [](HWND h) { return IsMade(CreateWithout(h, &edCreateParams::settings)); }},
+    {"CreateCtrlHook", 1, loaded, [](HWND h) { return IsMade(CreateWithout(h, &edCreateParams::highlightHook)); }},
     {"LoadFilePath", 0, loaded, [](HWND h) { UINT32 code = 0; return std::int64_t{edLoadFile(h, nullptr, &code)}; }},
     {"LoadFileEncoding", 1, loaded, LoadOwnText},
     {"SaveFilePath", 0, loaded, [](HWND h) { return std::int64_t{edSaveFile(h, nullptr, 0)}; }},
     {"LoadTextText", 1, L"", [](HWND h) { return std::int64_t{edLoadText(h, nullptr, any)}; }},
     {"SaveTextBuffer", 8, loaded, [](HWND h) { return std::int64_t{edSaveText(h, nullptr)}; }},
-    {"GetLineLength", 0, loaded, [](HWND h) { wchar_t buffer[9]; return std::int64_t{edGetLine(h, 0, 0, buffer, nullptr)}; }},
+    {"GetLineLength", 0, loaded,
+     [](HWND h) { wchar_t buffer[9]; return std::int64_t{edGetLine(h, 0, 0, buffer, nullptr)}; }},
     {"GetLineBuffer", 0, loaded, [](HWND h) { return GetLineWithoutBuffer(h, 0); }},
     {"GetLineBufferWithRoomPromised", 0, loaded, [](HWND h) { return GetLineWithoutBuffer(h, 99); }},
     {"GetLineBoth", 0, loaded, [](HWND h) { return std::int64_t{edGetLine(h, 0, 0, nullptr, nullptr)}; }},
@@ -353,7 +361,11 @@ const NullRow nullRows[] = {
     {"GetPositionOut", 0, loaded, [](HWND h) { return std::int64_t{edGetPosition(h, ED_POSITION_CARET, nullptr)}; }},
     {"ReloadTuneSettingsBlock", 0, loaded, [](HWND h) { edReloadTuneSettings(h, nullptr); return std::int64_t{0}; }},
     {"ReloadTuneSettingsData", 0, loaded,
-     [](HWND h) { const edSettingsBlock block{nullptr, 266}; edReloadTuneSettings(h, &block); return std::int64_t{0}; }},
+     [](HWND h) {
+         const edSettingsBlock block{nullptr, 266};
+         edReloadTuneSettings(h, &block);
+         return std::int64_t{0};
+     }},
     {"PreparePrintingSetup", 0, loaded, [](HWND h) { return std::int64_t{edPreparePrinting(h, nullptr)}; }},
     {"PrintPageParams", 0, loaded, [](HWND h) { return std::int64_t{edPrintPage(h, nullptr)}; }},
     {"PrintPageContext", 0, loaded,
@@ -374,6 +386,7 @@ TEST_P(NullPointers, GiveTheDocumentedAnswer)
     EXPECT_EQ(log.News(), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, NullPointers, testing::ValuesIn(nullRows), [](const auto& info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(Each, NullPointers, testing::ValuesIn(nullRows),
+                         [](const auto& info) { return info.param.name; });
 
 }  // namespace

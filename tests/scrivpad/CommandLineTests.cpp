@@ -59,7 +59,7 @@ TEST(CommandLine, EveryOptionAloneMakesItAutomated)
     for (const Arguments& arguments :
          {Arguments{L"--theme", L"1"}, Arguments{L"--encoding", L"1"}, Arguments{L"--goto", L"1:1"},
           Arguments{L"--select-to", L"1:1"}, Arguments{L"--break-point", L"1"}, Arguments{L"--exec-point", L"1"},
-          Arguments{L"--find"}, Arguments{L"--beside", L"x"}, Arguments{L"--save-as", L"x"}, Arguments{L"--screenshot", L"x"}, Arguments{L"--exit"}})
+          Arguments{L"--find"}, Arguments{L"--preview"}, Arguments{L"--beside", L"x"}, Arguments{L"--save-as", L"x"}, Arguments{L"--screenshot", L"x"}, Arguments{L"--exit"}})
         EXPECT_TRUE(Parse(arguments).options.Automated());
 }
 

@@ -24,7 +24,7 @@ protected:
         ::GetTextMetricsW(measures.Context(), &metrics);
         lineHeight = metrics.tmHeight;
         width = metrics.tmAveCharWidth;
-        page = {10, 20, 10 + 40 * width, 20 + 5 * lineHeight};  // room for four lines: one that ends with it does not fit
+        page = {10, 20, 10 + 40 * width, 20 + 5 * lineHeight};  // holds four lines: one that ends with it does not fit
     }
 
     void given(const std::wstring& text) { store.load_text(text.c_str(), 1); }
@@ -37,7 +37,10 @@ protected:
     }
     void select(xTPos first, xTPos last) { store.selection = {xTPos::none, first, last}; }
 
-    [[nodiscard]] RECT lines(int count) const { return {page.left, page.top, page.right, page.top + count * lineHeight + 1}; }
+    [[nodiscard]] RECT lines(int count) const
+    {
+        return {page.left, page.top, page.right, page.top + count * lineHeight + 1};
+    }
     [[nodiscard]] xTPrintSetup setup(bool wholeText = true) const
     {
         return {measures.Context(), page, page, page, page, wholeText};
@@ -132,7 +135,9 @@ TEST_F(Printing, AFontThatCannotBeSelectedIsToldAndPrintingGoesOn)
 {
     std::wstring caption(40, L'\0');
     MessageBoxes boxes;
-    boxes.onBox = [&](HWND box) { caption.resize(static_cast<std::size_t>(::GetWindowTextW(box, caption.data(), 40))); };
+    boxes.onBox = [&](HWND box) {
+        caption.resize(static_cast<std::size_t>(::GetWindowTextW(box, caption.data(), 40)));
+    };
     const HDC dc = measures.Context();
     ::SelectObject(dc, ::GetStockObject(SYSTEM_FONT));
     {
@@ -288,7 +293,8 @@ INSTANTIATE_TEST_SUITE_P(Each, HostileRects, testing::Values(
     HostileRect{"WithoutWidth", {0, 0, 0, 100000}, 1}, HostileRect{"UpsideDown", {0, 500, 500, 0}, 4},
     HostileRect{"LeftRight", {500, 0, 0, 100000}, 1}, HostileRect{"Inverted", {500, 500, -500, -500}, 4},
     HostileRect{"Huge", {least, least, most, most}, 1}, HostileRect{"HugeInverted", {most, most, least, least}, 4},
-    HostileRect{"AtTheEdge", {most - 1, most - 1, most, most}, 4}, HostileRect{"LowerRightHalf", {0, 0, most, most}, 1}),
+    HostileRect{"AtTheEdge", {most - 1, most - 1, most, most}, 4},
+    HostileRect{"LowerRightHalf", {0, 0, most, most}, 1}),
     [](const auto& info) { return info.param.name; });
 
 // ---- The range
@@ -369,8 +375,8 @@ TEST_F(Printing, APageIsDrawnLineByLine)
 {
     givenLines(6);
     prepare();
-    EXPECT_EQ(textsOf(1), (Texts{{L"line 0", 10, 20}, {L"line 1", 10, 20 + lineHeight}, {L"line 2", 10, 20 + 2 * lineHeight},
-                                 {L"line 3", 10, 20 + 3 * lineHeight}}));
+    EXPECT_EQ(textsOf(1), (Texts{{L"line 0", 10, 20}, {L"line 1", 10, 20 + lineHeight},
+                                 {L"line 2", 10, 20 + 2 * lineHeight}, {L"line 3", 10, 20 + 3 * lineHeight}}));
     EXPECT_EQ(textsOf(2), (Texts{{L"line 4", 10, 20}, {L"line 5", 10, 20 + lineHeight}}));
     EXPECT_EQ(textsOf(1).size(), 4u);  // any page, any number of times, in any order
 }

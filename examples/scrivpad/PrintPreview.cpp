@@ -1,0 +1,309 @@
+#include "PrintPreview.h"
+
+#include "Failure.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace scrivpad {
+
+namespace {
+
+constexpr const wchar_t* className = L"ScrivpadPrintPreview";
+constexpr SIZE startSize = {760, 900};  // at 96 dots per inch, as all that follows
+constexpr int barHeight = 44;
+constexpr int gap = 8;
+constexpr int labelWidth = 170;
+constexpr int shadow = 4;
+
+struct ButtonRow {
+    unsigned command;
+    const wchar_t* text;
+    int width;
+};
+
+constexpr ButtonRow buttons[] = {
+    {previewBack, L"\x25C4 Назад", 100},
+    {previewForward, L"Вперёд \x25BA", 100},
+    {previewPrint, L"Печать...", 100},
+    {previewClose, L"Закрыть", 100},
+};
+
+struct KeyRow {
+    WPARAM key;
+    int step;  // in pages
+};
+
+constexpr int allPages = 0x1000000;
+constexpr KeyRow keys[] = {
+    {VK_PRIOR, -1}, {VK_NEXT, 1}, {VK_HOME, -allPages}, {VK_END, allPages},
+};
+
+[[nodiscard]] int Scaled(HWND window, int size) noexcept
+{
+    return ::MulDiv(size, static_cast<int>(::GetDpiForWindow(window)), 96);
+}
+
+void RegisterPreviewClass(WNDPROC proc) noexcept
+{
+    WNDCLASSEXW info = {};
+    info.cbSize = sizeof(info);
+    info.style = CS_HREDRAW | CS_VREDRAW;
+    info.lpfnWndProc = proc;
+    info.hInstance = ::GetModuleHandleW(nullptr);
+    info.hIcon = ::LoadIconW(nullptr, IDI_APPLICATION);
+    info.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
+    info.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    info.lpszClassName = className;
+    ::RegisterClassExW(&info);
+}
+
+/// The largest rectangle of a sheet's proportions in the middle of a room.
+[[nodiscard]] RECT Fit(const SIZE& sheet, const RECT& room) noexcept
+{
+    const int width = std::max<int>(room.right - room.left, 1);
+    const int height = std::max<int>(room.bottom - room.top, 1);
+    const bool byHeight = static_cast<LONGLONG>(sheet.cx) * height < static_cast<LONGLONG>(sheet.cy) * width;
+    const SIZE fitted = byHeight ? SIZE{::MulDiv(sheet.cx, height, sheet.cy), height}
+                                 : SIZE{width, ::MulDiv(sheet.cy, width, sheet.cx)};
+    const LONG left = room.left + (width - fitted.cx) / 2;
+    const LONG top = room.top + (height - fitted.cy) / 2;
+    return {left, top, left + fitted.cx, top + fitted.cy};
+}
+
+/// The sheet in hundredths of a millimetre as the device of a context measures them.
+[[nodiscard]] RECT FrameOf(HDC dc, const SIZE& sheet) noexcept
+{
+    POINT corners[] = {{0, 0}, {sheet.cx, sheet.cy}};
+    ::LPtoDP(dc, corners, std::size(corners));
+    const auto hundredths = [&](LONG pixels, int size, int resolution) {
+        return ::MulDiv(pixels, ::GetDeviceCaps(dc, size) * 100, ::GetDeviceCaps(dc, resolution));
+    };
+    return {hundredths(corners[0].x, HORZSIZE, HORZRES), hundredths(corners[0].y, VERTSIZE, VERTRES),
+            hundredths(corners[1].x, HORZSIZE, HORZRES), hundredths(corners[1].y, VERTSIZE, VERTRES)};
+}
+
+}  // namespace
+
+PrintPreview::PrintPreview(HWND owner, HWND control, PageSetup& setup, const std::wstring& title, unsigned printCommand)
+    : m_owner(owner), m_printCommand(printCommand), m_measures(MeasuringContext(setup))
+{
+    m_run.emplace(control, m_measures.get(), setup.settings, PrintRun::Range::wholeText, title);
+}
+
+PrintPreview::~PrintPreview()
+{
+    if (m_window != nullptr)
+        ::DestroyWindow(m_window);
+}
+
+void PrintPreview::Open(const std::wstring& title)
+{
+    RegisterPreviewClass(WindowProc);
+    const auto dpi = static_cast<int>(::GetDpiForSystem());
+    const std::wstring caption = title + L" \x2013 просмотр печати";
+    ::CreateWindowExW(0, className, caption.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+                      CW_USEDEFAULT, ::MulDiv(startSize.cx, dpi, 96), ::MulDiv(startSize.cy, dpi, 96), m_owner, nullptr,
+                      ::GetModuleHandleW(nullptr), this);
+    if (m_window == nullptr)
+        throw Failure(L"не удалось создать окно просмотра");
+    ShowPage(1);
+    ::EnableWindow(m_owner, FALSE);
+    ::ShowWindow(m_window, SW_SHOW);
+    ::SetFocus(m_window);
+}
+
+LRESULT CALLBACK PrintPreview::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
+{
+    if (message == WM_NCCREATE) {
+        auto* const created = static_cast<PrintPreview*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+        created->m_window = window;
+        ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
+    }
+    auto* const self = reinterpret_cast<PrintPreview*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (self == nullptr)
+        return ::DefWindowProcW(window, message, wParam, lParam);
+    // No exception may go through the system's code.
+    try {
+        return self->OnMessage(message, wParam, lParam);
+    } catch (...) {
+        return 0;
+    }
+}
+
+LRESULT PrintPreview::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_CREATE:
+        MakeButtons();
+        return 0;
+    case WM_SIZE:
+        LayOutButtons();
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;  // the paint brings its own background
+    case WM_PAINT:
+        Paint();
+        return 0;
+    case WM_COMMAND:
+        OnCommand(LOWORD(wParam));
+        return 0;
+    case WM_KEYDOWN:
+        OnKey(wParam);
+        return 0;
+    case WM_MOUSEWHEEL:
+        ShowPage(m_page + (GET_WHEEL_DELTA_WPARAM(wParam) < 0 ? 1 : -1));
+        return 0;
+    case WM_DESTROY:
+        OnDestroy();
+        return 0;
+    case WM_NCDESTROY:
+        ::SetWindowLongPtrW(m_window, GWLP_USERDATA, 0);
+        return ::DefWindowProcW(std::exchange(m_window, nullptr), message, wParam, lParam);
+    default:
+        return ::DefWindowProcW(m_window, message, wParam, lParam);
+    }
+}
+
+void PrintPreview::OnCommand(unsigned command)
+{
+    switch (command) {
+    case previewBack:
+        ShowPage(m_page - 1);
+        break;
+    case previewForward:
+        ShowPage(m_page + 1);
+        break;
+    case previewPrint:
+        ::PostMessageW(m_owner, WM_COMMAND, m_printCommand, 0);
+        ::DestroyWindow(m_window);
+        return;
+    case previewClose:
+        ::DestroyWindow(m_window);
+        return;
+    default:
+        return;
+    }
+    ::SetFocus(m_window);  // the keys are the window's, not those of a button
+}
+
+void PrintPreview::OnKey(WPARAM key)
+{
+    for (const KeyRow& row : keys) {
+        if (row.key == key)
+            ShowPage(m_page + row.step);
+    }
+}
+
+void PrintPreview::OnDestroy()
+{
+    m_run.reset();
+    m_sheet.reset();
+    // Before the window goes: the system gives the focus to another program's window where the owner is still disabled.
+    ::EnableWindow(m_owner, TRUE);
+    ::SetActiveWindow(m_owner);
+}
+
+void PrintPreview::MakeButtons()
+{
+    const auto font = reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT));
+    for (const ButtonRow& row : buttons) {
+        const HWND button = ::CreateWindowExW(0, L"BUTTON", row.text, WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0, 0,
+                                              m_window,
+                                              reinterpret_cast<HMENU>(static_cast<UINT_PTR>(row.command)),
+                                              ::GetModuleHandleW(nullptr), nullptr);
+        ::SendMessageW(button, WM_SETFONT, font, FALSE);
+    }
+    m_label = ::CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_CENTERIMAGE, 0, 0, 0, 0, m_window,
+                                nullptr, ::GetModuleHandleW(nullptr), nullptr);
+    ::SendMessageW(m_label, WM_SETFONT, font, FALSE);
+}
+
+void PrintPreview::LayOutButtons()
+{
+    const int space = Scaled(m_window, gap);
+    const int height = Scaled(m_window, barHeight) - 2 * space;
+    int x = space;
+    for (const ButtonRow& row : buttons) {
+        const int width = Scaled(m_window, row.width);
+        ::MoveWindow(::GetDlgItem(m_window, static_cast<int>(row.command)), x, space, width, height, TRUE);
+        x += width + space;
+    }
+    ::MoveWindow(m_label, x + space, space, Scaled(m_window, labelWidth), height, TRUE);
+}
+
+void PrintPreview::ShowPage(int page)
+{
+    page = std::clamp(page, std::min(1, PageCount()), PageCount());
+    if (page != m_page) {
+        m_sheet = Record(page);
+        m_page = page;
+        ::InvalidateRect(m_window, nullptr, FALSE);
+    }
+    RefreshButtons();
+}
+
+void PrintPreview::RefreshButtons()
+{
+    const std::wstring text = PageCount() == 0
+                                  ? L"Нет ни одной страницы"
+                                  : L"Страница " + std::to_wstring(m_page) + L" из " + std::to_wstring(PageCount());
+    ::SetWindowTextW(m_label, text.c_str());
+    ::EnableWindow(::GetDlgItem(m_window, previewBack), m_page > 1);
+    ::EnableWindow(::GetDlgItem(m_window, previewForward), m_page < PageCount());
+    ::EnableWindow(::GetDlgItem(m_window, previewPrint), PageCount() > 0);
+}
+
+PrintPreview::Metafile PrintPreview::Record(int page) const
+{
+    const RECT frame = FrameOf(m_measures.get(), m_run->Layout().paper);
+    const HDC dc = ::CreateEnhMetaFileW(m_measures.get(), nullptr, &frame, nullptr);
+    if (dc == nullptr)
+        return nullptr;
+    MapToPaper(dc);
+    m_run->DrawPage(dc, page);
+    return Metafile(::CloseEnhMetaFile(dc));
+}
+
+void PrintPreview::Paint()
+{
+    PAINTSTRUCT paint;
+    const HDC target = ::BeginPaint(m_window, &paint);
+    RECT client = {};
+    ::GetClientRect(m_window, &client);
+    // Off screen first: a sheet is drawn line by line, and that is not to be seen.
+    const HDC memory = ::CreateCompatibleDC(target);
+    const HBITMAP bitmap = ::CreateCompatibleBitmap(target, std::max<int>(client.right, 1),
+                                                    std::max<int>(client.bottom, 1));
+    const HGDIOBJ before = ::SelectObject(memory, bitmap);
+    RECT room = client;
+    room.top = Scaled(m_window, barHeight);
+    ::FillRect(memory, &client, ::GetSysColorBrush(COLOR_BTNFACE));
+    ::FillRect(memory, &room, ::GetSysColorBrush(COLOR_APPWORKSPACE));
+    ::InflateRect(&room, -2 * Scaled(m_window, gap), -2 * Scaled(m_window, gap));
+    DrawSheet(memory, room);
+    ::BitBlt(target, 0, 0, client.right, client.bottom, memory, 0, 0, SRCCOPY);
+    ::SelectObject(memory, before);
+    ::DeleteObject(bitmap);
+    ::DeleteDC(memory);
+    ::EndPaint(m_window, &paint);
+}
+
+void PrintPreview::DrawSheet(HDC dc, const RECT& room) const
+{
+    if (!m_sheet || !m_run)
+        return;
+    const RECT sheet = Fit(m_run->Layout().paper, room);
+    RECT below = sheet;
+    ::OffsetRect(&below, Scaled(m_window, shadow), Scaled(m_window, shadow));
+    ::FillRect(dc, &below, ::GetSysColorBrush(COLOR_3DDKSHADOW));
+    ::FillRect(dc, &sheet, static_cast<HBRUSH>(::GetStockObject(WHITE_BRUSH)));
+    const int saved = ::SaveDC(dc);
+    ::IntersectClipRect(dc, sheet.left, sheet.top, sheet.right, sheet.bottom);
+    ::PlayEnhMetaFile(dc, m_sheet.get(), &sheet);
+    ::RestoreDC(dc, saved);
+    ::FrameRect(dc, &sheet, static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
+}
+
+}  // namespace scrivpad

@@ -1,0 +1,261 @@
+// Paper: how a sheet is laid out, printed and previewed.
+#include "Failure.h"
+#include "MainWindow.h"
+#include "Menu.h"
+#include "PageLayout.h"
+#include "PrintPreview.h"
+#include "Printing.h"
+#include "tests/support/win/ControlHost.h"
+#include "tests/support/win/MessageBoxes.h"
+#include "tests/support/win/Metafile.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace scrivpad;
+
+namespace {
+
+using Words = std::vector<std::wstring>;
+
+bool Inside(const RECT& inner, const RECT& outer)
+{
+    RECT common{};
+    return ::IntersectRect(&common, &inner, &outer) && ::EqualRect(&common, &inner);
+}
+
+TEST(Paper, IsLaidOutInNinetySixthsOfAnInch)
+{
+    const PageLayout layout = LayOut({{21000, 29700}, {2540, 1270, 0, 254}});
+    EXPECT_EQ(layout.paper.cx, 794);
+    EXPECT_EQ(layout.paper.cy, 1123);
+    EXPECT_EQ(layout.text.left, 96);
+    EXPECT_EQ(layout.text.top, 48);
+    EXPECT_EQ(layout.text.right, 794);
+    EXPECT_EQ(layout.number.bottom, 1123 - 10);
+}
+
+TEST(Paper, HasRoomForTitleTextAndNumberOneBelowTheOther)
+{
+    const PageLayout layout = LayOut({});
+    EXPECT_EQ(layout.title.bottom, layout.titledText.top);
+    EXPECT_EQ(layout.titledText.bottom, layout.number.top);
+    EXPECT_EQ(layout.text.bottom, layout.number.top);
+    EXPECT_TRUE(Inside(layout.titledText, layout.text));
+    EXPECT_TRUE(Inside(layout.number, {0, 0, layout.paper.cx, layout.paper.cy}));
+}
+
+TEST(Paper, OfAScreenIsThatOfTheSettings)
+{
+    const HDC screen = ::GetDC(nullptr);
+    EXPECT_EQ(OnPaperOf(screen, {{10000, 20000}, {}}).paper.cx, 10000);
+    ::ReleaseDC(nullptr, screen);
+}
+
+/// A control with numbered lines, and a metafile as the printer.
+class PrintRuns : public testing::Test {
+protected:
+    void givenLines(int count)
+    {
+        std::wstring text;
+        for (int i = 0; i < count; ++i)
+            text += L"line " + std::to_wstring(i) + L"\n";
+        edLoadText(control, text.c_str(), 1);
+    }
+    static Words Printed(const PrintRun& run, PageRange range)
+    {
+        Metafile paper;
+        PrintPages(paper.Context(), run, range);
+        return paper.End().Words();
+    }
+
+    ControlHost host;
+    HWND control = host.Show(L"one");
+    Metafile measures;
+};
+
+TEST_F(PrintRuns, PrintATitleOnTheFirstSheetAndANumberOnEach)
+{
+    givenLines(100);
+    const PrintRun run(control, measures.Context(), {}, PrintRun::Range::wholeText, L"a & b.cpp");
+    ASSERT_EQ(run.PageCount(), 2);
+    const Words first = Printed(run, {1, 1});
+    EXPECT_EQ(first[0], L"a & b.cpp");
+    EXPECT_EQ(first[1], L"1 / 2");
+    EXPECT_EQ(first[2], L"line 0");
+    const Words second = Printed(run, {2, 2});
+    EXPECT_EQ(second[0], L"2 / 2");
+    EXPECT_EQ(second.back(), L"line 99");
+    EXPECT_EQ(first.size() + second.size(), 100u + 3u);
+}
+
+TEST_F(PrintRuns, PrintTheSheetsOfARange)
+{
+    givenLines(300);
+    const PrintRun run(control, measures.Context(), {}, PrintRun::Range::wholeText, L"title");
+    ASSERT_GE(run.PageCount(), 4);
+    const Words words = Printed(run, {2, 3});
+    const std::wstring of = L" / " + std::to_wstring(run.PageCount());
+    EXPECT_EQ(words[0], L"2" + of);
+    EXPECT_EQ(std::count(words.begin(), words.end(), L"3" + of), 1);
+    EXPECT_EQ(std::count(words.begin(), words.end(), L"line 0"), 0);
+    EXPECT_TRUE(Printed(run, {3, 2}).empty());
+}
+
+TEST_F(PrintRuns, PrintTheSelection)
+{
+    givenLines(9);
+    edSetCaretPosition(control, 3, 0);
+    edSetCaretPositionAdv(control, 5, 0, ED_CARET_SELECT);
+    const PrintRun run(control, measures.Context(), {}, PrintRun::Range::selection, L"title");
+    EXPECT_EQ(Printed(run, {1, 1}), (Words{L"title", L"1 / 1", L"line 3", L"line 4"}));
+}
+
+TEST_F(PrintRuns, EndTheJobOfTheControl)
+{
+    {
+        const PrintRun run(control, measures.Context(), {}, PrintRun::Range::wholeText, L"title");
+    }
+    EXPECT_EQ(edPrintingOver(control), 0);
+}
+
+/// The preview of the sample host's window.
+class Preview : public testing::Test {
+protected:
+    Preview()
+    {
+        window.Show(SW_SHOWNOACTIVATE);
+        std::wstring text;
+        for (int i = 0; i < 150; ++i)
+            text += L"line " + std::to_wstring(i) + L"\n";
+        edLoadText(window.Active().Control(), text.c_str(), 1);
+    }
+    HWND Open()
+    {
+        window.Run(cmdPreview);
+        Pump(50);
+        return window.PreviewHandle();
+    }
+    void Press(unsigned command) const { ::SendMessageW(window.PreviewHandle(), WM_COMMAND, command, 0); }
+    void Key(WPARAM key) const { ::SendMessageW(window.PreviewHandle(), WM_KEYDOWN, key, 0); }
+    [[nodiscard]] bool Enabled(unsigned command) const
+    {
+        return ::IsWindowEnabled(::GetDlgItem(window.PreviewHandle(), static_cast<int>(command))) != FALSE;
+    }
+    [[nodiscard]] std::wstring Shown() const
+    {
+        wchar_t text[60] = L"";
+        ::GetWindowTextW(::FindWindowExW(window.PreviewHandle(), nullptr, L"STATIC", nullptr), text, 60);
+        return text;
+    }
+
+    MainWindow window{ED_THEME_CLASSIC};
+};
+
+TEST_F(Preview, OpensOnTheFirstSheetAndHoldsItsOwner)
+{
+    const HWND preview = Open();
+    ASSERT_TRUE(::IsWindowVisible(preview));
+    EXPECT_EQ(Shown(), L"Страница 1 из 3");
+    EXPECT_FALSE(Enabled(previewBack));
+    EXPECT_TRUE(Enabled(previewForward));
+    EXPECT_FALSE(::IsWindowEnabled(window.Handle()));
+}
+
+TEST_F(Preview, TurnsSheetsByButtonsKeysAndWheel)
+{
+    Open();
+    Press(previewForward);
+    EXPECT_EQ(Shown(), L"Страница 2 из 3");
+    EXPECT_TRUE(Enabled(previewBack));
+    Key(VK_NEXT);
+    EXPECT_EQ(Shown(), L"Страница 3 из 3");
+    EXPECT_FALSE(Enabled(previewForward));
+    Key(VK_NEXT);
+    EXPECT_EQ(Shown(), L"Страница 3 из 3");
+    Key(VK_HOME);
+    EXPECT_EQ(Shown(), L"Страница 1 из 3");
+    Key(VK_PRIOR);
+    EXPECT_EQ(Shown(), L"Страница 1 из 3");
+    Key(VK_END);
+    EXPECT_EQ(Shown(), L"Страница 3 из 3");
+    Press(previewBack);
+    EXPECT_EQ(Shown(), L"Страница 2 из 3");
+    ::SendMessageW(window.PreviewHandle(), WM_MOUSEWHEEL, MAKEWPARAM(0, -120), 0);
+    EXPECT_EQ(Shown(), L"Страница 3 из 3");
+}
+
+TEST_F(Preview, ShowsEachSheetAsAPicture)
+{
+    const HWND preview = Open();
+    const Picture first(preview);
+    const RECT middle = {first.Width() / 6, first.Height() / 4, first.Width() / 2, first.Height() / 2};
+    EXPECT_TRUE(first.Has(middle, RGB(255, 255, 255)));
+    EXPECT_TRUE(first.Has(middle, RGB(0, 0, 0)));
+    Press(previewForward);
+    Pump(50);
+    const Picture second(preview);
+    EXPECT_NE(first.Difference(second), "");
+    Press(previewBack);
+    Pump(50);
+    EXPECT_EQ(first.Difference(Picture(preview)), "");
+}
+
+TEST_F(Preview, GivesItsOwnerBackWhenItCloses)
+{
+    const HWND preview = Open();
+    Press(previewClose);
+    EXPECT_FALSE(::IsWindow(preview));
+    EXPECT_EQ(window.PreviewHandle(), nullptr);
+    EXPECT_TRUE(::IsWindowEnabled(window.Handle()));
+    EXPECT_EQ(edPrintingOver(window.Active().Control()), 0);
+    EXPECT_NE(Open(), nullptr);  // and once more
+}
+
+TEST_F(Preview, OfAnEmptyTextSaysSo)
+{
+    edLoadText(window.Active().Control(), nullptr, 0);
+    Open();
+    EXPECT_EQ(Shown(), L"Нет ни одной страницы");
+    EXPECT_FALSE(Enabled(previewBack));
+    EXPECT_FALSE(Enabled(previewForward));
+    EXPECT_FALSE(Enabled(previewPrint));
+    Press(previewForward);
+    EXPECT_EQ(Shown(), L"Нет ни одной страницы");
+}
+
+TEST_F(Preview, GoesWithItsOwner)
+{
+    const HWND preview = Open();
+    ::DestroyWindow(window.Handle());
+    EXPECT_FALSE(::IsWindow(preview));
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {  // the WM_QUIT, which is not for the tests that follow
+    }
+}
+
+TEST_F(Preview, WithoutAPrinterTheUserIsToldThatThereIsNone)
+{
+    if (HasPrinter())
+        GTEST_SKIP() << "there is a printer";
+    for (const unsigned command : {cmdPrint, cmdPageSetup}) {
+        const MessageBoxes boxes;
+        window.Run(command);
+        EXPECT_EQ(boxes.texts, Words{L"в системе нет ни одного принтера"}) << command;
+    }
+}
+
+TEST_F(Preview, ItsPrintButtonClosesItAndPrints)
+{
+    if (HasPrinter())
+        GTEST_SKIP() << "there is a printer";
+    Open();
+    const MessageBoxes boxes;
+    Press(previewPrint);
+    EXPECT_EQ(window.PreviewHandle(), nullptr);
+    Pump(50);
+    EXPECT_EQ(boxes.texts, Words{L"в системе нет ни одного принтера"});
+}
+
+}  // namespace
