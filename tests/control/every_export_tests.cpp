@@ -74,6 +74,25 @@ std::int64_t CallReloadTuneSettings(HWND h)
     return 0;
 }
 
+using TuneDialog = decltype(edCreateFontTuneDialog);
+
+// Any window can be the parent of a page, so to these two only what is no window is a bad handle. To let the table hold
+// for all others too, they go without the settings that a page needs.
+std::int64_t CallTuneDialog(TuneDialog* create, HWND parent)
+{
+    const edSettingsBlock settings{nullptr, 0};
+    return Number(create(parent, nullptr, ::IsWindow(parent) ? nullptr : &settings, nullptr));
+}
+
+std::int64_t CallApplyTuningChanges()
+{
+    char bytes[300] = "before";
+    edSettingsBlock block{bytes, sizeof bytes};
+    const UINT32 result = edApplyTuningChanges(&block);
+    EXPECT_STREQ(bytes, "before");
+    return result;
+}
+
 std::int64_t CallPreparePrinting(HWND h)
 {
     const edPrintSetup setup{};
@@ -88,7 +107,7 @@ std::int64_t CallPrintPage(HWND h)
     return result;
 }
 
-/// In the order of the header. The two that take no handle of a control answer to nothing at all.
+/// In the order of the header. The two that take no handle get what they answer with the same value.
 const ExportRow exportRows[] = {
     {"edCreateCtrl", 0, [](HWND) { return Number(edCreateCtrl(nullptr)); }},
     {"edDestroyCtrl", 0, [](HWND h) { edDestroyCtrl(h); return std::int64_t{0}; }},
@@ -119,6 +138,9 @@ const ExportRow exportRows[] = {
     {"edGetSnapshotNewLine", -1, [](HWND h) { return std::int64_t{edGetSnapshotNewLine(h, 0)}; }},
     {"edGetSnapshotOldLine", -1, [](HWND h) { return std::int64_t{edGetSnapshotOldLine(h, 0)}; }},
     {"edReloadTuneSettings", 0, CallReloadTuneSettings},
+    {"edCreateFontTuneDialog", 0, [](HWND h) { return CallTuneDialog(edCreateFontTuneDialog, h); }},
+    {"edCreateHighlightTuneDialog", 0, [](HWND h) { return CallTuneDialog(edCreateHighlightTuneDialog, h); }},
+    {"edApplyTuningChanges", 0, [](HWND) { return CallApplyTuningChanges(); }},
     {"edPreparePrinting", 0, CallPreparePrinting},
     {"edPrintPage", 0, CallPrintPage},
     {"edPrintingOver", 0, [](HWND h) { return std::int64_t{edPrintingOver(h)}; }},
@@ -148,6 +170,7 @@ TEST(EveryExport, HasARowInTheTable)
     std::vector<std::string> names = ExportedNames();
     std::sort(names.begin(), names.end());
     EXPECT_EQ(rows, names);
+    EXPECT_EQ(names.size(), 35u);
 }
 
 void ExpectBad(HWND handle, const char* what)
@@ -318,6 +341,42 @@ std::int64_t IsMade(HWND control)
     return made;
 }
 
+/// The pointers that a tuning page is made with, all good.
+struct PageArguments {
+    HWND parent;
+    const RECT* rect;
+    const edSettingsBlock* settings;
+    const edHighlightHook* hook;
+};
+
+/// Makes a page without one of them. @return 1 when it came into being
+template <typename Pointer>
+std::int64_t PageWithout(TuneDialog* create, HWND control, Pointer PageArguments::*field)
+{
+    const RECT rect{0, 0, 400, 300};
+    const edSettingsBlock settings{nullptr, 0};
+    const edHighlightHook hook{nullptr, nullptr};
+    PageArguments all{::GetParent(control), &rect, &settings, &hook};
+    all.*field = nullptr;
+    const HWND page = create(all.parent, all.rect, all.settings, all.hook);
+    const std::int64_t made = ::IsWindow(page) != FALSE;
+    EXPECT_EQ(made, std::int64_t{page != nullptr});
+    ::DestroyWindow(page);
+    return made;
+}
+
+/// @return 1 when a block without bytes is told the size that it needs
+std::int64_t ApplyWithoutData(HWND control)
+{
+    const edSettingsBlock settings{nullptr, 0};
+    const HWND page = edCreateFontTuneDialog(::GetParent(control), nullptr, &settings, nullptr);
+    edSettingsBlock block{nullptr, 100000};
+    const UINT32 size = edApplyTuningChanges(&block);
+    EXPECT_EQ(edApplyTuningChanges(nullptr), 0u);
+    ::DestroyWindow(page);
+    return size > 0 && block.data == nullptr;
+}
+
 std::int64_t GetLineWithoutBuffer(HWND control, UINT32 room)
 {
     UINT32 length = room;
@@ -366,6 +425,22 @@ const NullRow nullRows[] = {
          edReloadTuneSettings(h, &block);
          return std::int64_t{0};
      }},
+    {"FontPageParent", 0, loaded,
+     [](HWND h) { return PageWithout(edCreateFontTuneDialog, h, &PageArguments::parent); }},
+    {"FontPageRect", 1, loaded, [](HWND h) { return PageWithout(edCreateFontTuneDialog, h, &PageArguments::rect); }},
+    {"FontPageSettings", 0, loaded,
+     [](HWND h) { return PageWithout(edCreateFontTuneDialog, h, &PageArguments::settings); }},
+    {"FontPageHook", 1, loaded, [](HWND h) { return PageWithout(edCreateFontTuneDialog, h, &PageArguments::hook); }},
+    {"HighlightPageParent", 0, loaded,
+     [](HWND h) { return PageWithout(edCreateHighlightTuneDialog, h, &PageArguments::parent); }},
+    {"HighlightPageRect", 1, loaded,
+     [](HWND h) { return PageWithout(edCreateHighlightTuneDialog, h, &PageArguments::rect); }},
+    {"HighlightPageSettings", 0, loaded,
+     [](HWND h) { return PageWithout(edCreateHighlightTuneDialog, h, &PageArguments::settings); }},
+    {"HighlightPageHook", 1, loaded,
+     [](HWND h) { return PageWithout(edCreateHighlightTuneDialog, h, &PageArguments::hook); }},
+    {"ApplyTuningChangesBlock", 0, loaded, [](HWND) { return std::int64_t{edApplyTuningChanges(nullptr)}; }},
+    {"ApplyTuningChangesData", 1, loaded, ApplyWithoutData},
     {"PreparePrintingSetup", 0, loaded, [](HWND h) { return std::int64_t{edPreparePrinting(h, nullptr)}; }},
     {"PrintPageParams", 0, loaded, [](HWND h) { return std::int64_t{edPrintPage(h, nullptr)}; }},
     {"PrintPageContext", 0, loaded,
