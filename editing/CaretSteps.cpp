@@ -144,7 +144,7 @@ void PlacePaged(xTMemStorage& store, bool down, std::int32_t moved, const xTPos&
 
 }  // namespace
 
-void PageStep(xTMemStorage& store, bool down, std::int32_t moved, const xTPos& old, bool shift)
+void PageStep(xTMemStorage& store, bool down, std::int32_t moved, xTPos old, bool shift)
 {
     PlacePaged(store, down, moved, old);
     const bool selected = store.has_selection();

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "store/Positions.h"
+
 #include <cstdint>
 
-struct xTPos;
 class xTMemStorage;
 
 // The caret keys that go further than one step, and what each does to the selection with Shift down. They place the
@@ -26,4 +27,4 @@ void SelectRestOfLine(xTMemStorage& store);
 /// @param moved  lines that the view moved by, below 0 towards the start; 0: the caret goes to the end of the text on
 ///               that side
 /// @param old    the caret before
-void PageStep(xTMemStorage& store, bool down, std::int32_t moved, const xTPos& old, bool shift);
+void PageStep(xTMemStorage& store, bool down, std::int32_t moved, xTPos old, bool shift);
