@@ -208,6 +208,7 @@ private:
     struct xTPress {
         UINT key;
         bool shift;
+        bool insertOrDelete;  // one of these two is held
     };
     LRESULT OnGetDlgCode(const xTMessage& message);
     LRESULT OnKeyDown(const xTMessage& message);
@@ -307,7 +308,7 @@ private:
     };
     xTMouseState m_mouseState = xTMouseState::idle;
     bool m_dragCandidate = false;  // the button went down inside the selection
-    bool m_pictureHeld = false;
+    bool m_pictureHeld = false;  // one paint at the end is worth all those that are asked for meanwhile
     HCURSOR m_textCursor = ::LoadCursorW(nullptr, IDC_IBEAM);
     HCURSOR m_previousCursor = nullptr;  // what SetCursor returned last
     xTPos m_mouseAnchor;  // where a mouse selection began

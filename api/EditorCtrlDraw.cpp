@@ -134,8 +134,10 @@ void CEditorCtrl::Paint()
         const xTPaintDC target(m_hWnd);
         PaintRows(target);
     }
-    if (overCaret)
+    if (overCaret) {
+        PlaceCaretImage();  // while it is hidden, lest the system draw it at the old place first
         m_caret.Show();
+    }
     ::SendMessageW(m_hWnd, ED_AFTER_PAINT, 0, 0);
 }
 

@@ -7,7 +7,8 @@
 #include <iterator>
 #include <ranges>
 
-// What a key does. Moves of the caret stand in EditorCtrlCaretKeys.
+// Which key does what, and typing. The moves of the caret stand in EditorCtrlCaretKeys, what changes the text or the
+// clipboard in EditorCtrlEditKeys.
 
 namespace {
 
@@ -20,13 +21,15 @@ constexpr WORD altDown = 0x2000;  // in the high word of a character's lParam
 struct xTHeld {
     bool shift;
     bool ctrl;
+    bool insertOrDelete;
 };
 
 xTHeld HeldKeys() noexcept
 {
     std::array<BYTE, 256> state{};
     ::GetKeyboardState(state.data());
-    return {(state[VK_SHIFT] & 0x80) != 0, (state[VK_CONTROL] & 0x80) != 0};
+    const auto isDown = [&](std::size_t key) { return (state[key] & 0x80) != 0; };
+    return {isDown(VK_SHIFT), isDown(VK_CONTROL), isDown(VK_INSERT) || isDown(VK_DELETE)};
 }
 
 // With Alt down a key types one of these; 0 leaves the key to the system. For the comma, the period and the quotation
@@ -91,7 +94,7 @@ struct CEditorCtrl::xTKeyMap {
     static constexpr xTClosing stepShown{&CEditorCtrl::ShowStep, &CEditorCtrl::EnsureCaretVisible,
                                          &CEditorCtrl::InvalidateCaretLine, &CEditorCtrl::NotifyCaret};
     static constexpr xTClosing told{&CEditorCtrl::NotifyCaret};
-    static constexpr xTClosing repainted{&CEditorCtrl::Invalidate};
+    static constexpr xTClosing repainted{&CEditorCtrl::Invalidate, &CEditorCtrl::UpdateNow};
 
     enum xTDirection : int { left, right, up, down };
     using C = CEditorCtrl;
@@ -174,7 +177,7 @@ LRESULT CEditorCtrl::OnKeyDown(const xTMessage& message)
     Guarded([&] {
         const xTHeld held = HeldKeys();
         InvalidateRect(CaretBlockingRect());
-        PressKey({static_cast<UINT>(message.wParam), held.shift}, held.ctrl);
+        PressKey({static_cast<UINT>(message.wParam), held.shift, held.insertOrDelete}, held.ctrl);
     });
     return result;
 }
@@ -229,6 +232,7 @@ void CEditorCtrl::TypeChar(WCHAR ch)
         AddKey(VK_DELETE);
         if (ch == backspace)
             return;
+        InvalidateCaretLine();
     }
     AddChar(ch);
 }
@@ -236,7 +240,6 @@ void CEditorCtrl::TypeChar(WCHAR ch)
 // One keystroke, shown and told.
 void CEditorCtrl::AddChar(WCHAR ch)
 {
-    InvalidateCaretLine();
     if (m_operations)
         m_operations->add_char(ch, m_overwrite);
     NotifyHost(true, 0);
@@ -257,6 +260,7 @@ LRESULT CEditorCtrl::OnSysKeyDown(const xTMessage& message)
         return Default(message);
     Guarded([&] {
         // A selection stays where it is, unlike when a character is typed.
+        InvalidateCaretLine();
         AddChar(ch);
         EnsureCaretVisible();
     });
@@ -267,80 +271,4 @@ LRESULT CEditorCtrl::OnSysKeyDown(const xTMessage& message)
 LRESULT CEditorCtrl::OnSysChar(const xTMessage&)
 {
     return 0;
-}
-
-// ---- Keys that change the text
-
-void CEditorCtrl::IndentKey(const xTPress& press)
-{
-    if (!press.shift && !HasSelection())
-        return;  // the character that follows types the tab
-    // Within a line, and with no selection at all, the rest of the caret's line is indented.
-    if (m_store->first().line == m_store->last().line)
-        SelectRestFromHome();
-    if (m_operations)
-        m_operations->add_indent(press.shift);
-}
-
-void CEditorCtrl::CommentKey(const xTPress& press)
-{
-    if (m_store->first().line == m_store->last().line)
-        SelectRestFromHome();
-    if (m_operations)
-        m_operations->add_comment(press.shift ? 1 : 0);
-}
-
-void CEditorCtrl::CaseKey(const xTPress& press)
-{
-    if (HasSelection())
-        m_operations->add_case(press.shift);
-}
-
-void CEditorCtrl::LayoutKey(const xTPress&)
-{
-    if (HasSelection())
-        m_operations->add_layout();
-}
-
-void CEditorCtrl::InsertKey(const xTPress& press)
-{
-    m_overwrite = !m_overwrite;
-    PasteKey(press);  // which pastes only with Shift held
-}
-
-void CEditorCtrl::CopyKey(const xTPress& press)
-{
-    Copy();
-    AddKey(press.key);  // changes nothing, and ends the redo chain: required
-}
-
-void CEditorCtrl::PasteKey(const xTPress& press)
-{
-    if (HasSelection())
-        AddKey(VK_DELETE);
-    AddKey(press.key);
-}
-
-void CEditorCtrl::DeleteKey(const xTPress&)
-{
-    AddKey(VK_DELETE);
-}
-
-void CEditorCtrl::CutKey(const xTPress&)
-{
-    Copy();
-    AddKey(VK_DELETE);
-}
-
-void CEditorCtrl::OtherKey(const xTPress& press)
-{
-    AddKey(press.key);
-}
-
-// ---- The mode of typing
-
-void CEditorCtrl::ShowModeIn(HWND label) const
-{
-    ::SetWindowTextW(label, m_overwrite ? L"ЗАБ" : L"ВСТ");
-    ::InvalidateRect(label, nullptr, TRUE);
 }
