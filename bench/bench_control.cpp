@@ -1,6 +1,6 @@
 // The figures of a live control, each beside the floor of the same run. bench/run.sh starts it.
 
-#include "bench/Floors.h"
+#include "bench/BenchControl.h"
 #include "bench/Measure.h"
 #include "bench/SampleText.h"
 #include "include/scrivctl3.h"
@@ -11,14 +11,7 @@
 
 namespace {
 
-constexpr SIZE clientSize{1000, pageRows * 15 + 4};
-
 HWND hostWindow = nullptr;
-
-struct Size {
-    const char* name;
-    std::size_t characters;
-};
 
 /// The committed memory that belongs to this process alone.
 double PrivateBytes()
@@ -32,17 +25,6 @@ double PrivateBytes()
     return bytes;
 }
 
-/// One row: the figure in nanoseconds, the floor it stands on, and the most it may be as a multiple; 0: no goal.
-void Row(const char* size, const char* what, double ns, const char* floorName, double floor, double goal)
-{
-    const char* mark = goal == 0 ? "" : ns <= goal * floor ? "met" : "MISSED";
-    std::printf("%-2s %-34s %14.0f ns  %-34s %14.0f ns  %6.2f x", size, what, ns, floorName, floor, ns / floor);
-    if (goal != 0)
-        std::printf("  goal %4.2f  %s", goal, mark);
-    std::printf("\n");
-    std::fflush(stdout);
-}
-
 void MemoryRow(const char* size, const char* what, double bytes, double goal)
 {
     std::printf("%-2s %-34s %14.2f bytes a character", size, what, bytes);
@@ -50,26 +32,6 @@ void MemoryRow(const char* size, const char* what, double bytes, double goal)
         std::printf("  goal %4.2f  %s", goal, bytes <= goal ? "met" : "MISSED");
     std::printf("\n");
     std::fflush(stdout);
-}
-
-HWND MakeControl()
-{
-    edHighlightHook hook{&ClassifySample, nullptr};
-    RECT rect{0, 0, clientSize.cx, clientSize.cy};
-    edCreateParams params{};
-    params.parent = hostWindow;
-    params.rect = &rect;
-    params.highlightHook = &hook;
-    const HWND control = edCreateCtrl(&params);
-    // The client area is what counts: the frame and the bars come on top of it.
-    RECT client{};
-    ::GetClientRect(control, &client);
-    ::SetWindowPos(control, nullptr, 0, 0, 2 * clientSize.cx - client.right, 2 * clientSize.cy - client.bottom,
-                   SWP_NOMOVE | SWP_NOZORDER);
-    ::ShowWindow(control, SW_SHOW);
-    ::SetFocus(control);
-    Drain();
-    return control;
 }
 
 std::wstring FilePath()
@@ -177,10 +139,45 @@ void BenchScan(const Size& size, const Floors& floors, const std::wstring& text)
 
 }  // namespace
 
+void Row(const char* size, const char* what, double ns, const char* floorName, double floor, double goal)
+{
+    const char* mark = goal == 0 ? "" : ns <= goal * floor ? "met" : "MISSED";
+    std::printf("%-2s %-34s %14.0f ns  %-34s %14.0f ns  %6.2f x", size, what, ns, floorName, floor, ns / floor);
+    if (goal != 0)
+        std::printf("  goal %4.2f  %s", goal, mark);
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+HWND MakeControl()
+{
+    edHighlightHook hook{&ClassifySample, nullptr};
+    RECT rect{0, 0, clientSize.cx, clientSize.cy};
+    edCreateParams params{};
+    params.parent = hostWindow;
+    params.rect = &rect;
+    params.highlightHook = &hook;
+    const HWND control = edCreateCtrl(&params);
+    // The client area is what counts: the frame and the bars come on top of it.
+    RECT client{};
+    ::GetClientRect(control, &client);
+    ::SetWindowPos(control, nullptr, 0, 0, 2 * clientSize.cx - client.right, 2 * clientSize.cy - client.bottom,
+                   SWP_NOMOVE | SWP_NOZORDER);
+    ::ShowWindow(control, SW_SHOW);
+    ::SetFocus(control);
+    Drain();
+    return control;
+}
+
 int main(int argc, char** argv)
 {
     const Size sizes[] = {{"S", 1'000'000}, {"M", 10'000'000}, {"L", 100'000'000}};
     const std::string wanted = argc > 1 ? argv[1] : "SML";
+    const struct {
+        char letter;
+        void (*run)(const Size&, const Floors&, const std::wstring&);
+    } topics[] = {{'l', BenchLoad}, {'v', BenchView}, {'s', BenchScan}, {'k', BenchKeys}};
+    const std::string wantedTopics = argc > 2 ? argv[2] : "lvsk";
     hostWindow = ::CreateWindowExW(0, L"STATIC", L"bench", WS_POPUP | WS_VISIBLE, 0, 0, 1280, 1024, nullptr, nullptr,
                                    nullptr, nullptr);
     Drain();
@@ -193,9 +190,9 @@ int main(int argc, char** argv)
                     "scan %.3f ns a byte, copy %.3f ns a byte\n",
                     floors.line, floors.linePaint, floors.page, floors.scrollBar, floors.faultByte, floors.scanByte, floors.copyByte);
         const std::wstring text = SampleText(size.characters);
-        BenchLoad(size, floors, text);
-        BenchView(size, floors, text);
-        BenchScan(size, floors, text);
+        for (const auto& topic : topics)
+            if (wantedTopics.find(topic.letter) != std::string::npos)
+                topic.run(size, floors, text);
     }
     return 0;
 }

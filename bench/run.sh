@@ -1,12 +1,13 @@
 #!/bin/bash
-# bench/run.sh [SIZES]: the figures of a live control under Wine, each beside the floor that the same run measured.
+# bench/run.sh [SIZES [TOPICS]]: the figures of a live control under Wine, each beside the floor that the same run measured.
 #
-# SIZES is any of the letters S, M and L: 1, 10 and 100 million characters; all of them when none is given. The machine
-# should be at rest. The program runs pinned to one processor; SCRIV_BENCH_CPU names it (0 when unset).
+# SIZES is any of the letters S, M and L: 1, 10 and 100 million characters; all of them when none is given. TOPICS is any
+# of l (load and save), v (view), s (scan) and k (keys). The machine should be at rest. The program runs pinned to one processor; SCRIV_BENCH_CPU names it (0 when unset).
 set -u
 cd "$(dirname "$0")/.." || exit 1
 . tools/steps.sh
 sizes=${1-SML}
+topics=${2-lvsk}
 logs=$PWD/build/logs
 
 step "build: benchmarks"
@@ -14,4 +15,4 @@ quietly "$logs/configure-bench.log" cmake --preset win || exit 1
 quietly "$logs/build-bench.log" cmake --build --preset win --target bench_control || exit 1
 
 step "figures: $sizes, a text of 1 (S), 10 (M) and 100 (L) million characters"
-SCRIV_WINE_TIMEOUT=1800 tools/with-wine.sh taskset -c "${SCRIV_BENCH_CPU-0}" wine build/win/bin/bench_control.exe "$sizes"
+SCRIV_WINE_TIMEOUT=1800 tools/with-wine.sh taskset -c "${SCRIV_BENCH_CPU-0}" wine build/win/bin/bench_control.exe "$sizes" "$topics"
