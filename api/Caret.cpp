@@ -61,9 +61,9 @@ void xTCaret::Recreate() noexcept
 
 POINT xTCaret::Position() const noexcept
 {
-    if (!m_created || !m_known) {
+    if (!m_known) {
         ::GetCaretPos(&m_position);
-        m_known = m_created;
+        m_known = true;
     }
     return m_position;
 }

@@ -33,6 +33,9 @@ public:
     void MoveTo(POINT position) noexcept;
     /// The system moves a caret that stands in a scrolled area: its place is asked for anew.
     void Forget() noexcept { m_known = false; }
+    /// Without a caret of its own the control sees that of another window of the thread. It stays where it is only while
+    /// the control is at work, for thousands of replacements say.
+    void ForgetForeign() noexcept { m_known = m_known && m_created; }
 
 private:
     [[nodiscard]] HWND OwnerWindow() const noexcept;

@@ -156,6 +156,7 @@ void CEditorCtrl::RetireParts() noexcept
 
 void CEditorCtrl::OnUnwound() noexcept
 {
+    m_caret.ForgetForeign();
     m_retired.operations.reset();
     m_retired.store.reset();
     m_retired.attribs.reset();
@@ -227,4 +228,11 @@ void CEditorCtrl::NotifyHost(bool changed, std::int32_t value)
     const HWND parent = ::GetParent(m_hWnd);
     if (::IsWindow(parent))
         ::SendNotifyMessageW(parent, ED_NOTIFY_CARET, changed, value ? value : PackedCaret());
+}
+
+bool CEditorCtrl::ConfirmWrap()
+{
+    const bool goesOn = m_find.confirm_wrap();
+    m_caret.Forget();  // a host that asks its user has let other windows work with their carets
+    return goesOn;
 }

@@ -92,7 +92,7 @@ public:
     void EnsureCaretVisible() override;
     void MoveCaretTo(std::int32_t line, std::int32_t column, bool redraw, bool centre, bool focus) override;
     void NotifyHost(bool changed, std::int32_t value) override;
-    [[nodiscard]] bool ConfirmWrap() override { return m_find.confirm_wrap(); }
+    [[nodiscard]] bool ConfirmWrap() override;
 
     // Find and replace
     [[nodiscard]] xTFindReplace& Find() noexcept { return m_find; }

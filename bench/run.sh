@@ -2,17 +2,21 @@
 # bench/run.sh [SIZES [TOPICS]]: the figures of a live control under Wine, each beside the floor that the same run measured.
 #
 # SIZES is any of the letters S, M and L: 1, 10 and 100 million characters; all of them when none is given. TOPICS is any
-# of l (load and save), v (view), s (scan) and k (keys). The machine should be at rest. The program runs pinned to one processor; SCRIV_BENCH_CPU names it (0 when unset).
+# of l (load and save), v (view), s (scan), k (keys) and f (find and replace). The machine should be at rest. The programs
+# run pinned to one processor; SCRIV_BENCH_CPU names it (0 when unset).
 set -u
 cd "$(dirname "$0")/.." || exit 1
 . tools/steps.sh
 sizes=${1-SML}
-topics=${2-lvsk}
+topics=${2-lvskf}
 logs=$PWD/build/logs
 
 step "build: benchmarks"
 quietly "$logs/configure-bench.log" cmake --preset win || exit 1
-quietly "$logs/build-bench.log" cmake --build --preset win --target bench_control || exit 1
+quietly "$logs/build-bench.log" cmake --build --preset win --target bench_control bench_find || exit 1
 
 step "figures: $sizes, a text of 1 (S), 10 (M) and 100 (L) million characters"
-SCRIV_WINE_TIMEOUT=1800 tools/with-wine.sh taskset -c "${SCRIV_BENCH_CPU-0}" wine build/win/bin/bench_control.exe "$sizes" "$topics"
+for program in bench_control bench_find; do
+    SCRIV_WINE_TIMEOUT=1800 tools/with-wine.sh taskset -c "${SCRIV_BENCH_CPU-0}" \
+        wine "build/win/bin/$program.exe" "$sizes" "$topics" || fail "$program has failed"
+done

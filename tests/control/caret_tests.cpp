@@ -108,4 +108,26 @@ TEST_F(Caret, AsksForItsPlaceAfterForgettingIt)
     EXPECT_EQ(caret.Position().x, 50);
 }
 
+TEST_F(Caret, SeesTheCaretOfAnotherWindowAsItStoodWhenTheWorkBegan)
+{
+    ::SetFocus(host.Window());
+    ::CreateCaret(host.Window(), nullptr, 1, 16);
+    ::SetCaretPos(20, 30);
+    EXPECT_EQ(caret.Position().x, 20);
+    ::SetCaretPos(50, 60);
+    EXPECT_EQ(caret.Position().x, 20);
+    caret.ForgetForeign();
+    EXPECT_EQ(caret.Position().x, 50);
+    ::DestroyCaret();
+}
+
+TEST_F(Caret, KeepsThePlaceOfItsOwnWhenTheWorkEnds)
+{
+    const POINT at{20, 30};
+    caret.Create(&at);
+    ::SetCaretPos(50, 60);
+    caret.ForgetForeign();
+    EXPECT_EQ(caret.Position().x, 20);
+}
+
 }  // namespace
