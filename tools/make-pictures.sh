@@ -26,5 +26,7 @@ picture ssl --theme 4 examples/samples/demo.ssl
 picture selection --theme 2 --goto 31:5 --select-to 36:6 examples/samples/demo.cpp
 picture find --theme 1 --goto 56:19 --select-to 56:23 --find examples/samples/demo.cpp
 picture marks --theme 3 --break-point 33 --break-point 43 --exec-point 34 --goto 34:13 examples/samples/demo.cpp
+picture tuning-font --tune 1 examples/samples/demo.cpp
+picture tuning-colours --tune 2 examples/samples/demo.cpp
 picture beside --theme 1 --beside examples/samples/demo.ssl --goto 19:1 --select-to 21:1 examples/samples/demo.cpp
 picture preview --preview examples/samples/demo.cpp

@@ -57,6 +57,11 @@ void Settle(HWND window)
     }
     ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     ::GdiFlush();
+    // A window manager that composes windows shows what was drawn only once the thread has come to rest.
+    for (const ULONGLONG drawn = ::GetTickCount64(); ::GetTickCount64() - drawn < quietMs;) {
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, quietMs / 10, QS_ALLINPUT);
+        DispatchPending();
+    }
 }
 
 void TakeScreenshot(HWND window, const std::wstring& path)
@@ -96,6 +101,15 @@ void MarkPlaces(Pane& pane, const Options& options)
         pane.SelectTo(*options.selectTo);
 }
 
+/// The window that a step has opened, else the main one.
+[[nodiscard]] HWND WindowToShow(const MainWindow& window) noexcept
+{
+    if (const HWND settings = window.SettingsHandle())
+        return settings;
+    const HWND preview = window.PreviewHandle();
+    return preview != nullptr ? preview : window.Handle();
+}
+
 }  // namespace
 
 void RunSteps(MainWindow& window, const Options& options)
@@ -108,15 +122,16 @@ void RunSteps(MainWindow& window, const Options& options)
     }
     if (options.find)
         window.Run(EditCommand(ED_COMMAND_FIND));
+    if (options.tune)
+        window.ShowSettings(*options.tune == 1 ? SettingsDialog::fontPage : SettingsDialog::coloursPage);
     const NoMessageBoxes guard;
     Pane& pane = window.Active();
     if (!options.saveAs.empty())
         pane.SaveAs(options.saveAs, options.saveEncoding.value_or(pane.CurrentDocument().encoding));
     if (options.preview)
         window.Run(cmdPreview);
-    const HWND preview = window.PreviewHandle();
     if (!options.screenshot.empty())
-        TakeScreenshot(preview != nullptr ? preview : window.Handle(), options.screenshot);
+        TakeScreenshot(WindowToShow(window), options.screenshot);
 }
 
 }  // namespace scrivpad

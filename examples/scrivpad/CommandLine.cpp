@@ -61,6 +61,16 @@ bool SetSaveAs(Options& options, std::wstring_view value)
     return SetText(options.saveAs, value);
 }
 
+bool SetSettings(Options& options, std::wstring_view value)
+{
+    return SetText(options.settings, value);
+}
+
+bool SetTune(Options& options, std::wstring_view value)
+{
+    return SetNumber(options.tune, value, 1, 2);
+}
+
 bool SetScreenshot(Options& options, std::wstring_view value)
 {
     return SetText(options.screenshot, value);
@@ -149,6 +159,8 @@ constexpr OptionRow optionRows[] = {
     {L"--exec-point", true, SetExecPoint},
     {L"--find", false, SetFind},
     {L"--preview", false, SetPreview},
+    {L"--settings", true, SetSettings},
+    {L"--tune", true, SetTune},
     {L"--save-as", true, SetSaveAs},
     {L"--save-encoding", true, SetSaveEncoding},
     {L"--screenshot", true, SetScreenshot},
@@ -228,7 +240,7 @@ private:
 
 bool Options::Automated() const noexcept
 {
-    return theme || encoding || caret || selectTo || execPoint || saveEncoding || find || preview || exit ||
+    return theme || encoding || caret || selectTo || execPoint || tune || saveEncoding || find || preview || exit ||
            !breakPoints.empty() || !beside.empty() || !saveAs.empty() || !screenshot.empty();
 }
 
@@ -249,6 +261,8 @@ const wchar_t* UsageText() noexcept
            L"  --exec-point СТРОКА  поставить точку исполнения\n"
            L"  --find               открыть окно поиска\n"
            L"  --preview            открыть просмотр печати; снимок показывает его окно\n"
+           L"  --settings ПУТЬ      хранить настройки в этом файле\n"
+           L"  --tune N             открыть настройку: 1 шрифт и табуляция, 2 подсветка; снимок будет её\n"
            L"  --save-as ПУТЬ       сохранить текст в этот файл\n"
            L"  --save-encoding N    кодировка для --save-as\n"
            L"  --screenshot ПУТЬ    снимок окна в формате PNG\n"

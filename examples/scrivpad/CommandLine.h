@@ -24,6 +24,8 @@ struct Options {
     std::optional<int> execPoint;          ///< line, from 1
     bool find = false;                     ///< open the find dialog
     bool preview = false;                  ///< open the print preview; a picture is then one of it
+    std::wstring settings;                 ///< the file that keeps the settings
+    std::optional<unsigned> tune;          ///< open the settings dialog on this page, 1 or 2
     std::wstring saveAs;
     std::optional<unsigned> saveEncoding;  ///< code, 0 to 5; none: that of the file
     std::wstring screenshot;

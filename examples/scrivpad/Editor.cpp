@@ -53,14 +53,16 @@ private:
 
 }  // namespace
 
-Editor::Editor(HWND parent, Highlighter highlighter, UINT32 theme, bool readOnly)
+Editor::Editor(HWND parent, Highlighter highlighter, Appearance& appearance, bool readOnly)
 {
     const edHighlightHook hook = {highlighter, nullptr};
     edCreateParams params = {};
     params.parent = parent;
     params.flags = readOnly ? ED_CREATE_READONLY : 0;
     params.highlightHook = &hook;
-    params.defaultTheme = theme;
+    const edSettingsBlock settings = appearance.Block();
+    params.settings = &settings;
+    params.defaultTheme = appearance.FallbackTheme();
     m_control = edCreateCtrl(&params);
     if (m_control == nullptr)
         throw Failure(L"не удалось создать окно редактора");

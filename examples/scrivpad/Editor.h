@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Appearance.h"
 #include "Highlight.h"
 #include "scrivctl3.h"
 
@@ -27,7 +28,7 @@ class Editor {
 public:
     Editor() noexcept = default;
     /// Makes a hidden control without a text. Throws a Failure.
-    Editor(HWND parent, Highlighter highlighter, UINT32 theme, bool readOnly);
+    Editor(HWND parent, Highlighter highlighter, Appearance& appearance, bool readOnly);
     ~Editor() { Destroy(); }
     Editor(Editor&& other) noexcept;
     Editor& operator=(Editor&& other) noexcept;

@@ -29,7 +29,11 @@ enum ExitStatus { done = 0, stepFailed = 1, badCommandLine = 2 };
 
 int Run(const Options& options, int showCommand)
 {
-    MainWindow window(options.theme.value_or(ED_THEME_CLASSIC));
+    // A script gets the same look on every machine, unless it names a file of settings.
+    std::wstring settings = options.settings.empty() ? std::wstring() : WholePath(options.settings);
+    if (settings.empty() && !options.Automated())
+        settings = SettingsFileOfUser();
+    MainWindow window(options.theme.value_or(0), settings);
     window.Show(showCommand);
     if (options.Automated())
         RunSteps(window, options);

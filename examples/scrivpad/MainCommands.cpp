@@ -48,6 +48,7 @@ void MainWindow::RunCommand(unsigned command)
         {cmdRemoveBreakPoints, &MainWindow::CommandRemoveBreakPoints},
         {cmdExecPoint, &MainWindow::CommandExecPoint},
         {cmdClearExecPoint, &MainWindow::CommandClearExecPoint},
+        {cmdSettings, &MainWindow::CommandSettings},
         {cmdAbout, &MainWindow::CommandAbout},
     };
     for (const PlainRow& row : plainRows) {
@@ -75,11 +76,39 @@ void MainWindow::CommandReopen(UINT32 encoding)
 
 void MainWindow::SetTheme(UINT32 theme)
 {
-    m_theme = theme;
-    for (const std::unique_ptr<Pane>& pane : m_panes) {
-        if (pane)
-            pane->SetTheme(theme);
+    // The dialog's pages would change under the user's hands: there is a list of the themes on them.
+    if (SettingsHandle() != nullptr)
+        return ShowSettings(SettingsDialog::coloursPage);
+    std::vector<BYTE> block = BlockOfTheme(m_appearance.Block(), theme);
+    if (block.empty())
+        throw Failure(L"не удалось сменить тему");
+    TakeSettings(std::move(block), theme);
+}
+
+void MainWindow::TakeSettings(std::vector<BYTE> block, UINT32 theme)
+{
+    const auto give = [&] {
+        for (const std::unique_ptr<Pane>& pane : m_panes) {
+            if (pane)
+                pane->TakeAppearance();
+        }
+    };
+    try {
+        m_appearance.Take(std::move(block), theme);
+    } catch (const Failure&) {
+        give();
+        throw;
     }
+    give();
+}
+
+void MainWindow::ShowSettings(SettingsDialog::Page page)
+{
+    if (SettingsHandle() == nullptr)
+        m_settings = std::make_unique<SettingsDialog>(m_window, m_appearance.Block(), [this](std::vector<BYTE> block) {
+            TakeSettings(std::move(block), 0);
+        });
+    m_settings->Show(page);
 }
 
 void MainWindow::CommandSplit()

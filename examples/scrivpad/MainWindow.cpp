@@ -32,8 +32,11 @@ void RegisterMainClass(WNDPROC proc) noexcept
 
 }  // namespace
 
-MainWindow::MainWindow(UINT32 theme) : m_theme(theme)
+MainWindow::MainWindow(UINT32 theme, const std::wstring& settingsFile)
+    : m_appearance(theme != 0 ? theme : UINT32{ED_THEME_CLASSIC}, settingsFile)
 {
+    if (theme == 0)
+        m_appearance.Load();
     RegisterMainClass(WindowProc);
     const UINT dpi = ::GetDpiForSystem();
     const HMENU menu = BuildMenu();
@@ -61,7 +64,7 @@ MainWindow::~MainWindow()
 std::unique_ptr<Pane> MainWindow::MakePane()
 {
     PaneHost& host = *this;  // named here, where the base can be reached
-    return std::make_unique<Pane>(m_window, host, m_theme);
+    return std::make_unique<Pane>(m_window, host, m_appearance);
 }
 
 void MainWindow::Show(int showCommand)
@@ -104,7 +107,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)
         OnDpiChanged(*reinterpret_cast<const RECT*>(lParam));
         return 0;
     case WM_INITMENUPOPUP:
-        UpdateMenu(::GetMenu(m_window), {m_theme, Other() != nullptr, Active()});
+        UpdateMenu(::GetMenu(m_window), {m_appearance.Theme(), Other() != nullptr, Active()});
         return 0;
     case WM_COMMAND:
         Run(LOWORD(wParam));

@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 #include "Pane.h"
 #include "PrintPreview.h"
+#include "SettingsDialog.h"
 #include "Splitter.h"
 #include "StatusBar.h"
 
@@ -18,7 +19,9 @@ namespace scrivpad {
 class MainWindow : private PaneHost {
 public:
     /// Makes the window, hidden, with an empty text. Throws a Failure.
-    explicit MainWindow(UINT32 theme);
+    /// @param theme         1 to 5, used in place of kept settings; 0: those that are kept, theme 1 for want of them
+    /// @param settingsFile  where the settings are kept; empty: nowhere
+    explicit MainWindow(UINT32 theme, const std::wstring& settingsFile = {});
     ~MainWindow();
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
@@ -42,6 +45,9 @@ public:
     void Run(unsigned command) noexcept;
     /// @return the window that shows the printed sheets, null when it is not open
     [[nodiscard]] HWND PreviewHandle() const noexcept;
+    /// @return the settings dialog, null when it is not open
+    [[nodiscard]] HWND SettingsHandle() const noexcept { return m_settings ? m_settings->Handle() : nullptr; }
+    void ShowSettings(SettingsDialog::Page page);
     /// Brings the status bar up to date: the control does not tell of its typing mode, nor of what the host does.
     void RefreshStatus();
 
@@ -70,6 +76,7 @@ private:
     void CommandExecPoint() { Active().MoveExecPoint(); }
     void CommandClearExecPoint() { Active().ClearExecPoint(); }
     void CommandReopen(UINT32 encoding);
+    void CommandSettings() { ShowSettings(SettingsDialog::coloursPage); }
     void CommandExit();
     void CommandAbout();
 
@@ -78,18 +85,21 @@ private:
     void Unsplit();
     void Activate(Pane& pane);
     void SetTheme(UINT32 theme);
+    /// Gives all texts these settings and keeps them. Throws a Failure when they cannot be kept.
+    void TakeSettings(std::vector<BYTE> block, UINT32 theme);
     [[nodiscard]] bool MayLeaveTexts();
     void RefreshTitle();
 
+    Appearance m_appearance;  // outlives the texts
     HWND m_window = nullptr;
     StatusBar m_statusBar;
     Splitter m_splitter;
     std::array<std::unique_ptr<Pane>, 2> m_panes;  // the second only in a split
     std::size_t m_active = 0;
     std::wstring m_title;  // as it is shown
-    UINT32 m_theme;
     PageSetup m_pageSetup;
     std::unique_ptr<PrintPreview> m_preview;  // shows the text of a pane
+    std::unique_ptr<SettingsDialog> m_settings;
 };
 
 }  // namespace scrivpad

@@ -62,6 +62,8 @@ constexpr MenuRow debugRows[] = {
 constexpr MenuRow viewRows[] = {
     {cmdSplit, L"&Два текста рядом\tCtrl+2"},
     {cmdNextPane, L"&Соседний текст\tF6"},
+    {0, nullptr},
+    {cmdSettings, L"&Настройка..."},
 };
 
 constexpr MenuRow helpRows[] = {

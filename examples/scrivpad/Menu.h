@@ -24,6 +24,7 @@ enum Command : unsigned {
     cmdRemoveBreakPoints,
     cmdExecPoint,
     cmdClearExecPoint,
+    cmdSettings,
     cmdFirstTheme = 200,
     cmdFirstEncoding = 300,  ///< the encoding of the next save
     cmdFirstReopen = 400,    ///< read the file again in that encoding

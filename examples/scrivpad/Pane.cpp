@@ -24,7 +24,7 @@ void RegisterPaneClass(WNDPROC proc) noexcept
 
 }  // namespace
 
-Pane::Pane(HWND parent, PaneHost& host, UINT32 theme) : m_host(host), m_theme(theme)
+Pane::Pane(HWND parent, PaneHost& host, Appearance& appearance) : m_host(host), m_appearance(appearance)
 {
     RegisterPaneClass(WindowProc);
     // The procedure finds `this` through the creation data and stores the handle in m_window.

@@ -14,7 +14,7 @@ namespace scrivpad {
 class Pane {
 public:
     /// Makes a visible child window with an empty text. Throws a Failure.
-    Pane(HWND parent, PaneHost& host, UINT32 theme);
+    Pane(HWND parent, PaneHost& host, Appearance& appearance);
     ~Pane();
     Pane(const Pane&) = delete;
     Pane& operator=(const Pane&) = delete;
@@ -31,7 +31,8 @@ public:
     void SaveAs(const std::wstring& path, UINT32 encoding);
     /// The encoding of the next save.
     void SetEncoding(UINT32 encoding);
-    void SetTheme(UINT32 theme);
+    /// The appearance has changed.
+    void TakeAppearance() noexcept;
 
     // All ask the user where the file is not known; they throw a Failure and return false when the user gave up.
     bool AskAndOpen();
@@ -62,14 +63,14 @@ private:
     [[nodiscard]] bool OnWrapQuestion(HWND dialog, const wchar_t* text) const;
 
     [[nodiscard]] Editor MakeEditor(const Document& document) const;
-    /// Moves text, caret and view to a new control: of the present theme, and as the document's path and access ask for.
+    /// Moves text, caret and view to a new control, such as the document's path and access ask for.
     void RenewEditor();
     void Replace(Editor editor, Document document);
     void RequireCaretAt(TextPlace place);
 
     PaneHost& m_host;
     HWND m_window = nullptr;
-    UINT32 m_theme;
+    Appearance& m_appearance;
     Editor m_editor;
     Document m_document;
 };

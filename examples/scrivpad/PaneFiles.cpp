@@ -43,10 +43,10 @@ void Pane::SetEncoding(UINT32 encoding)
     m_host.OnPaneChanged(*this);
 }
 
-void Pane::SetTheme(UINT32 theme)
+void Pane::TakeAppearance() noexcept
 {
-    m_theme = theme;
-    RenewEditor();
+    const edSettingsBlock block = m_appearance.Block();
+    edReloadTuneSettings(m_editor.Handle(), &block);
 }
 
 bool Pane::AskAndOpen()
@@ -92,12 +92,12 @@ bool Pane::MayLeaveText()
 
 Editor Pane::MakeEditor(const Document& document) const
 {
-    return Editor(m_window, HighlighterOf(document.path), m_theme, document.readOnly);
+    return Editor(m_window, HighlighterOf(document.path), m_appearance, document.readOnly);
 }
 
 void Pane::RenewEditor()
 {
-    // A control has its theme, classifier and access from its making. The list of what can be undone stays behind.
+    // A control has its classifier and access from its making. The list of what can be undone stays behind.
     Editor editor = MakeEditor(m_document);
     editor.CopyText(m_editor, m_document.loadedEncoding);
     const EditorView view = m_editor.View();

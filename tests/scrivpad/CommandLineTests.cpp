@@ -35,7 +35,8 @@ TEST(CommandLine, TakesAllOptionsInAnyOrder)
     const ParsedCommandLine parsed =
         Parse({L"--exit", L"--save-encoding", L"4", L"demo.cpp", L"--theme", L"5", L"--encoding", L"0", L"--goto",
                L"12:3", L"--save-as", L"out.txt", L"--screenshot", L"a b.png", L"--select-to", L"14:1", L"--break-point",
-               L"7", L"--exec-point", L"8", L"--break-point", L"9", L"--find", L"--beside", L"b.cpp"});
+               L"7", L"--exec-point", L"8", L"--break-point", L"9", L"--find", L"--beside", L"b.cpp",
+               L"--settings", L"look", L"--tune", L"2"});
     EXPECT_TRUE(parsed.error.empty());
     const Options& options = parsed.options;
     EXPECT_EQ(options.theme, 5u);
@@ -46,6 +47,8 @@ TEST(CommandLine, TakesAllOptionsInAnyOrder)
     EXPECT_EQ(options.execPoint, 8);
     EXPECT_TRUE(options.find);
     EXPECT_EQ(options.beside, L"b.cpp");
+    EXPECT_EQ(options.settings, L"look");
+    EXPECT_EQ(options.tune, 2u);
     EXPECT_EQ(options.saveAs, L"out.txt");
     EXPECT_EQ(options.saveEncoding, 4u);
     EXPECT_EQ(options.screenshot, L"a b.png");
@@ -59,8 +62,14 @@ TEST(CommandLine, EveryOptionAloneMakesItAutomated)
     for (const Arguments& arguments :
          {Arguments{L"--theme", L"1"}, Arguments{L"--encoding", L"1"}, Arguments{L"--goto", L"1:1"},
           Arguments{L"--select-to", L"1:1"}, Arguments{L"--break-point", L"1"}, Arguments{L"--exec-point", L"1"},
-          Arguments{L"--find"}, Arguments{L"--preview"}, Arguments{L"--beside", L"x"}, Arguments{L"--save-as", L"x"}, Arguments{L"--screenshot", L"x"}, Arguments{L"--exit"}})
+          Arguments{L"--find"}, Arguments{L"--preview"}, Arguments{L"--beside", L"x"}, Arguments{L"--save-as", L"x"}, Arguments{L"--screenshot", L"x"}, Arguments{L"--exit"},
+          Arguments{L"--tune", L"1"}})
         EXPECT_TRUE(Parse(arguments).options.Automated());
+}
+
+TEST(CommandLine, AFileOfSettingsIsForUsersToo)
+{
+    EXPECT_FALSE(Parse({L"--settings", L"look"}).options.Automated());
 }
 
 TEST(CommandLine, TakesAFileThatBeginsWithDashesBehindTwoDashes)
@@ -84,7 +93,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Arguments{L"--goto", L"0:1"}, Arguments{L"--goto", L"1:0"}, Arguments{L"--goto", L"1:"},
                     Arguments{L"--goto", L":1"}, Arguments{L"--goto", L"1:2:3"}, Arguments{L"--goto", L"2147483648:1"},
                     Arguments{L"--select-to", L"1"}, Arguments{L"--break-point", L"0"},
-                    Arguments{L"--exec-point", L"x"}, Arguments{L"--beside", L""}, Arguments{L"--save-as"}, Arguments{L"--save-as", L""}, Arguments{L"--save-encoding", L"2"},
+                    Arguments{L"--exec-point", L"x"}, Arguments{L"--beside", L""},
+                    Arguments{L"--settings", L""}, Arguments{L"--tune", L"0"}, Arguments{L"--tune", L"3"}, Arguments{L"--save-as"}, Arguments{L"--save-as", L""}, Arguments{L"--save-encoding", L"2"},
                     Arguments{L"--screenshot", L""}, Arguments{L"a", L"b"}, Arguments{L""}));
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The sample host as a user sees it: real keys, the menu, the mouse, message boxes.
 #include "MessageLoop.h"
 #include "WindowFixture.h"
+
+#include "tests/support/win/ControlHost.h"
 #include "tests/support/win/MessageBoxes.h"
 
 #include <dlgs.h>
@@ -526,9 +528,12 @@ TEST_F(Use, AThemeIsForBothTexts)
     const HWND left = window.Other()->Control();
     const HWND right = Control();
     Choose(cmdFirstTheme, 3);
-    EXPECT_FALSE(::IsWindow(left));
-    EXPECT_FALSE(::IsWindow(right));
-    EXPECT_EQ(::GetFocus(), Control());
+    for (const HWND control : {left, right}) {
+        ::UpdateWindow(control);
+        const Picture picture(control);
+        EXPECT_EQ(picture.At(picture.Width() - 3, 3), COLORREF{0}) << "dusk is black";
+    }
+    EXPECT_EQ(::GetFocus(), right);
     Type({VK_F6});
     EXPECT_EQ(Text(), L"left");
 }

@@ -78,8 +78,7 @@ protected:
     {
         const HWND before = Control();
         Choose(cmdFirstTheme, number - 1);
-        ASSERT_NE(Control(), nullptr);
-        EXPECT_FALSE(::IsWindow(before)) << "the theme was not changed";
+        EXPECT_EQ(Control(), before) << "the text has its control for good";
     }
 
     [[nodiscard]] std::wstring Status(StatusBar::Part part) const
