@@ -29,12 +29,18 @@ PageLayout LayOut(const PageSettings& settings) noexcept
     return layout;
 }
 
-void MapToPaper(HDC dc) noexcept
+void MapToPaper(HDC dc, const SIZE& resolution, const POINT& printable) noexcept
 {
     ::SetMapMode(dc, MM_ANISOTROPIC);
     ::SetWindowExtEx(dc, unitsPerInch, unitsPerInch, nullptr);
-    ::SetViewportExtEx(dc, ::GetDeviceCaps(dc, LOGPIXELSX), ::GetDeviceCaps(dc, LOGPIXELSY), nullptr);
-    ::SetViewportOrgEx(dc, -::GetDeviceCaps(dc, PHYSICALOFFSETX), -::GetDeviceCaps(dc, PHYSICALOFFSETY), nullptr);
+    ::SetViewportExtEx(dc, resolution.cx, resolution.cy, nullptr);
+    ::SetViewportOrgEx(dc, -printable.x, -printable.y, nullptr);
+}
+
+void MapToPaper(HDC dc) noexcept
+{
+    MapToPaper(dc, {::GetDeviceCaps(dc, LOGPIXELSX), ::GetDeviceCaps(dc, LOGPIXELSY)},
+               {::GetDeviceCaps(dc, PHYSICALOFFSETX), ::GetDeviceCaps(dc, PHYSICALOFFSETY)});
 }
 
 PageSettings OnPaperOf(HDC dc, PageSettings settings) noexcept

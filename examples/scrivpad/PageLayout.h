@@ -24,7 +24,11 @@ constexpr int unitsPerInch = 96;
 
 [[nodiscard]] PageLayout LayOut(const PageSettings& settings) noexcept;
 
-/// Gives a context those units, with (0, 0) in the corner of the sheet and not of its printable part.
+/// Gives a context those units, with (0, 0) in the corner of the sheet.
+/// @param resolution  dots per inch across and down
+/// @param printable   where the part begins that the device can print on, in dots from that corner
+void MapToPaper(HDC dc, const SIZE& resolution, const POINT& printable) noexcept;
+/// The same as the device itself tells.
 void MapToPaper(HDC dc) noexcept;
 
 /// @return the settings with the paper that the context prints on; those of a screen as they are

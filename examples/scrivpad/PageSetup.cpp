@@ -6,7 +6,6 @@
 #include <winspool.h>
 
 #include <string>
-#include <utility>
 
 namespace scrivpad {
 
@@ -106,8 +105,7 @@ PrinterContext MeasuringContext(PageSetup& setup) noexcept
 {
     if (!setup.printer.names)
         TakeDefaultPrinter(setup.printer);
-    PrinterContext printer = OpenForMeasures(setup.printer);
-    return printer ? std::move(printer) : PrinterContext(::CreateICW(L"DISPLAY", nullptr, nullptr, nullptr));
+    return OpenForMeasures(setup.printer);
 }
 
 }  // namespace scrivpad

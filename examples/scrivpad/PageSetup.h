@@ -33,7 +33,7 @@ struct PageSetup {
 /// @return false when the user gave up
 bool AskForPageSetup(HWND owner, PageSetup& setup);
 
-/// @return what text is measured on: the printer, or the screen where the system has none
+/// @return what text is measured on for that printer; null when the system has none
 [[nodiscard]] PrinterContext MeasuringContext(PageSetup& setup) noexcept;
 
 [[nodiscard]] bool HasPrinter() noexcept;

@@ -3,7 +3,6 @@
 #include "Failure.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace scrivpad {
@@ -16,6 +15,7 @@ constexpr int barHeight = 44;
 constexpr int gap = 8;
 constexpr int labelWidth = 170;
 constexpr int shadow = 4;
+constexpr SIZE usualResolution = {300, 300};  // of a printer, where the system has none
 
 struct ButtonRow {
     unsigned command;
@@ -72,24 +72,21 @@ void RegisterPreviewClass(WNDPROC proc) noexcept
     return {left, top, left + fitted.cx, top + fitted.cy};
 }
 
-/// The sheet in hundredths of a millimetre as the device of a context measures them.
-[[nodiscard]] RECT FrameOf(HDC dc, const SIZE& sheet) noexcept
-{
-    POINT corners[] = {{0, 0}, {sheet.cx, sheet.cy}};
-    ::LPtoDP(dc, corners, std::size(corners));
-    const auto hundredths = [&](LONG pixels, int size, int resolution) {
-        return ::MulDiv(pixels, ::GetDeviceCaps(dc, size) * 100, ::GetDeviceCaps(dc, resolution));
-    };
-    return {hundredths(corners[0].x, HORZSIZE, HORZRES), hundredths(corners[0].y, VERTSIZE, VERTRES),
-            hundredths(corners[1].x, HORZSIZE, HORZRES), hundredths(corners[1].y, VERTSIZE, VERTRES)};
-}
-
 }  // namespace
 
 PrintPreview::PrintPreview(HWND owner, HWND control, PageSetup& setup, const std::wstring& title, unsigned printCommand)
-    : m_owner(owner), m_printCommand(printCommand), m_measures(MeasuringContext(setup))
+    : m_owner(owner), m_printCommand(printCommand)
 {
-    m_run.emplace(control, m_measures.get(), setup.settings, PrintRun::Range::wholeText, title);
+    // In the resolution of the printer, where there is one: the lines and sheets then break as they do on paper.
+    const PrinterContext printer = MeasuringContext(setup);
+    const SIZE resolution = printer ? SIZE{::GetDeviceCaps(printer.get(), LOGPIXELSX),
+                                           ::GetDeviceCaps(printer.get(), LOGPIXELSY)}
+                                    : usualResolution;
+    const PageSettings settings = printer ? OnPaperOf(printer.get(), setup.settings) : setup.settings;
+    m_sheet.emplace(LayOut(settings).paper, resolution);
+    if (printer)
+        MapToPaper(printer.get());
+    m_run.emplace(control, printer ? printer.get() : m_sheet->Context(), settings, PrintRun::Range::wholeText, title);
 }
 
 PrintPreview::~PrintPreview()
@@ -199,7 +196,6 @@ void PrintPreview::OnKey(WPARAM key)
 void PrintPreview::OnDestroy()
 {
     m_run.reset();
-    m_sheet.reset();
     // Before the window goes: the system gives the focus to another program's window where the owner is still disabled.
     ::EnableWindow(m_owner, TRUE);
     ::SetActiveWindow(m_owner);
@@ -237,8 +233,9 @@ void PrintPreview::ShowPage(int page)
 {
     page = std::clamp(page, std::min(1, PageCount()), PageCount());
     if (page != m_page) {
-        m_sheet = Record(page);
         m_page = page;
+        m_sheet->Clear();
+        m_run->DrawPage(m_sheet->Context(), page);
         ::InvalidateRect(m_window, nullptr, FALSE);
     }
     RefreshButtons();
@@ -253,17 +250,6 @@ void PrintPreview::RefreshButtons()
     ::EnableWindow(::GetDlgItem(m_window, previewBack), m_page > 1);
     ::EnableWindow(::GetDlgItem(m_window, previewForward), m_page < PageCount());
     ::EnableWindow(::GetDlgItem(m_window, previewPrint), PageCount() > 0);
-}
-
-PrintPreview::Metafile PrintPreview::Record(int page) const
-{
-    const RECT frame = FrameOf(m_measures.get(), m_run->Layout().paper);
-    const HDC dc = ::CreateEnhMetaFileW(m_measures.get(), nullptr, &frame, nullptr);
-    if (dc == nullptr)
-        return nullptr;
-    MapToPaper(dc);
-    m_run->DrawPage(dc, page);
-    return Metafile(::CloseEnhMetaFile(dc));
 }
 
 void PrintPreview::Paint()
@@ -292,17 +278,13 @@ void PrintPreview::Paint()
 
 void PrintPreview::DrawSheet(HDC dc, const RECT& room) const
 {
-    if (!m_sheet || !m_run)
+    if (m_page == 0 || !m_run)
         return;
     const RECT sheet = Fit(m_run->Layout().paper, room);
     RECT below = sheet;
     ::OffsetRect(&below, Scaled(m_window, shadow), Scaled(m_window, shadow));
     ::FillRect(dc, &below, ::GetSysColorBrush(COLOR_3DDKSHADOW));
-    ::FillRect(dc, &sheet, static_cast<HBRUSH>(::GetStockObject(WHITE_BRUSH)));
-    const int saved = ::SaveDC(dc);
-    ::IntersectClipRect(dc, sheet.left, sheet.top, sheet.right, sheet.bottom);
-    ::PlayEnhMetaFile(dc, m_sheet.get(), &sheet);
-    ::RestoreDC(dc, saved);
+    m_sheet->Show(dc, sheet);
     ::FrameRect(dc, &sheet, static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
 }
 

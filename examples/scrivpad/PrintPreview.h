@@ -2,6 +2,7 @@
 
 #include "PageSetup.h"
 #include "Printing.h"
+#include "SheetPicture.h"
 
 #include <optional>
 #include <string>
@@ -20,7 +21,7 @@ enum PreviewCommand : unsigned {
 /// the text stays as it was split.
 class PrintPreview {
 public:
-    /// Splits the text into sheets.
+    /// Splits the text into sheets. Throws a Failure.
     /// @param printCommand  what `owner` gets as WM_COMMAND when the user wants to print
     PrintPreview(HWND owner, HWND control, PageSetup& setup, const std::wstring& title, unsigned printCommand);
     ~PrintPreview();
@@ -37,11 +38,6 @@ public:
     void ShowPage(int page);
 
 private:
-    struct DeleteMetafile {
-        void operator()(HENHMETAFILE file) const noexcept { ::DeleteEnhMetaFile(file); }
-    };
-    using Metafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, DeleteMetafile>;
-
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(unsigned command);
@@ -52,15 +48,13 @@ private:
     void RefreshButtons();
     void Paint();
     void DrawSheet(HDC dc, const RECT& room) const;
-    [[nodiscard]] Metafile Record(int page) const;
 
     HWND m_owner;
     unsigned m_printCommand;
     HWND m_window = nullptr;
     HWND m_label = nullptr;
-    PrinterContext m_measures;
+    std::optional<SheetPicture> m_sheet;
     std::optional<PrintRun> m_run;
-    Metafile m_sheet;  // the one that is shown
     int m_page = 0;
 };
 

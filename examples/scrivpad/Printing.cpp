@@ -74,7 +74,6 @@ private:
 PrintRun::PrintRun(HWND control, HDC dc, const PageSettings& settings, Range range, std::wstring title)
     : m_control(control), m_layout(LayOut(OnPaperOf(dc, settings))), m_title(std::move(title))
 {
-    MapToPaper(dc);
     const UINT32 whole = range == Range::wholeText ? 1 : 0;
     const RECT& titled = m_layout.titledText;
     const edPrintSetup setup = {dc, titled, m_layout.text, titled, m_layout.text, {whole, whole}};
@@ -130,6 +129,7 @@ bool PrintWithDialog(HWND owner, HWND control, const std::wstring& title, PageSe
     if (!AskForPrinter(dialog, setup.printer))
         return false;
     const PrinterContext dc(dialog.hDC);
+    MapToPaper(dc.get());
     const auto range = dialog.Flags & PD_SELECTION ? PrintRun::Range::selection : PrintRun::Range::wholeText;
     const PrintRun run(control, dc.get(), setup.settings, range, title);
     PrintDocument document(dc.get(), title);

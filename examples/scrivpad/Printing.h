@@ -12,7 +12,7 @@ class PrintRun {
 public:
     enum class Range { wholeText, selection };
 
-    /// @param dc  what the pages are measured on; it gets the units of PageLayout
+    /// @param dc  what the pages are measured on, with the units of PageLayout
     PrintRun(HWND control, HDC dc, const PageSettings& settings, Range range, std::wstring title);
     PrintRun(const PrintRun&) = delete;
     PrintRun& operator=(const PrintRun&) = delete;
