@@ -4,27 +4,105 @@
 
 #include <algorithm>
 
-// The block comments of the text, found from the top. Between lines the scan carries nothing but whether a line begins
-// inside a comment, and each line keeps that in its flags.
+// The block comments of the text. Between lines a scan carries nothing but whether a line begins inside a comment: what
+// becomes of a line depends on its characters and on that alone. Each line keeps how it began, so that a scan goes from
+// the first changed line only as far as lines begin otherwise than they did.
+
+namespace {
+
+// The column of the block comment that opens in a line at or behind a column, -1 when there is none.
+std::int32_t OpeningIn(const xTExtString& line, std::int32_t from)
+{
+    const std::int32_t open = line.FindInCode(_T("/*"), from);
+    if (open < 0)
+        return -1;
+    // Only the first `//` of the line is asked, from column 0 on: when it lies in a comment, a second one behind that
+    // comment hides nothing. Required.
+    const std::int32_t slashes = line.FindInCode(_T("//"), 0);
+    const bool hidden = slashes >= 0 && slashes <= open && !line.IsCommentAt(slashes);
+    return hidden ? -1 : open;
+}
+
+// The column behind the mark that closes a comment, -1 when none does. Strings are not looked at: a mark in one closes.
+std::int32_t BehindClosing(const xTExtString& line, std::int32_t from)
+{
+    const std::int32_t hit = FindPair(line.m_text, _T('*'), _T('/'), from);
+    return hit < 0 ? -1 : hit + 2;
+}
+
+// Marks one line anew. Returns whether the next one begins inside a comment.
+bool ScanLine(xTExtString& line, bool inside)
+{
+    std::int32_t behind = inside ? BehindClosing(line, 0) : 0;
+    if (behind < 0) {
+        line.MarkAllComment();
+        return true;
+    }
+    line.UnmarkAllComment();
+    if (inside)
+        line.MarkCommentRun(0, behind, true);
+    for (std::int32_t open = OpeningIn(line, behind); open >= 0; open = OpeningIn(line, behind)) {
+        behind = BehindClosing(line, open + 2);
+        // A comment behind another on one line takes from the line that it begins inside the earlier one. Required.
+        line.MarkCommentRun(open, behind < 0 ? line.GetLength() : behind, false);
+        if (behind < 0)
+            return true;
+    }
+    return false;
+}
+
+}  // namespace
 
 void xTMemStorage::rescan_comments()
 {
     Guarded([&] {
         if (comments_valid)
             return;
-        // Not through the guarded operations: a failure leaves the flag down, and the next paint tries again.
-        for (std::int32_t line = 0; line < line_count(); ++line)
-            lines[line].UnmarkAllComment();
-        xTPos from{0, 0};
-        xTPos start;
-        xTPos end;
-        while (FindBlockComment(from, start, end)) {
-            mark_range(start, end);
-            from = end;
-            next_pos(from, false);
+        try {
+            if (stale.IsWholeText(line_count()))
+                scan_from_top();
+            else
+                scan_changed(stale.Ranges());
+        } catch (...) {
+            stale = {};  // lines behind the changed ones may have been marked: the next scan is one of the whole text
+            throw;
         }
         finish_rescan();
     });
+}
+
+// Not through the guarded operations: a failure has to end the scan.
+void xTMemStorage::scan_from_top()
+{
+    for (std::int32_t line = 0; line < line_count(); ++line)
+        lines[line].UnmarkAllComment();
+    xTPos from{0, 0};
+    xTPos start;
+    xTPos end;
+    while (FindBlockComment(from, start, end)) {
+        mark_range(start, end);
+        from = end;
+        next_pos(from, false);
+    }
+}
+
+// Gives the marks of a scan from the top, but looks at the changed lines alone and at those behind them that begin
+// otherwise than they did.
+void xTMemStorage::scan_changed(std::span<const xTLineRange> changed)
+{
+    std::int32_t line = -1;  // the lines before it match the text
+    bool inside = false;
+    for (const xTLineRange& range : changed) {
+        if (range.first > line) {
+            line = range.first;
+            inside = false;
+            // Behind a line without a comment the next one begins outside; any other is looked at once more.
+            if (line > 0 && line <= line_count() && (lines[line - 1].m_flags & xTExtString::flagHasComment) != 0)
+                inside = lines[--line].m_beganInside;
+        }
+        for (; line < line_count() && (line <= range.last || lines[line].m_beganInside != inside); ++line)
+            inside = ScanLine(lines[line], inside);
+    }
 }
 
 // The marks match the text: the window shows them now. Nothing of the store is touched behind the call, which may run
@@ -32,7 +110,7 @@ void xTMemStorage::rescan_comments()
 void xTMemStorage::finish_rescan()
 {
     comments_valid = true;
-    stale = {xTStaleLines::nowhere, xTStaleLines::nowhere};
+    stale.Clear(line_count());
     if (xTStoreWindow* const window = wnd) {
         window->Invalidate();
         window->UpdateNow();
@@ -49,7 +127,7 @@ bool xTMemStorage::FindBlockComment(const xTPos& from, xTPos& start, xTPos& end)
         start = end = xTPos::none;
         std::int32_t open = -1;
         for (; at.line < line_count(); at = {at.line + 1, 0}) {
-            open = opening_in_line(at);
+            open = OpeningIn(lines[at.line], at.col);
             if (open >= 0)
                 break;
         }
@@ -62,28 +140,12 @@ bool xTMemStorage::FindBlockComment(const xTPos& from, xTPos& start, xTPos& end)
     });
 }
 
-// The column of the block comment that opens in a line at or behind a position, -1 when there is none.
-std::int32_t xTMemStorage::opening_in_line(const xTPos& at) const
-{
-    const xTExtString& line = lines[at.line];
-    const std::int32_t open = line.FindInCode(_T("/*"), at.col);
-    if (open < 0)
-        return -1;
-    // Only the first `//` of the line is asked, from column 0 on: when it lies in a comment, a second one behind that
-    // comment hides nothing. Required.
-    const std::int32_t slashes = line.FindInCode(_T("//"), 0);
-    const bool hidden = slashes >= 0 && slashes <= open && !line.IsCommentAt(slashes);
-    return hidden ? -1 : open;
-}
-
-// The place behind the next closing mark; without one the start of the line that would follow the text. Strings are
-// not looked at: a closing mark in one closes.
+// The place behind the next closing mark; without one the start of the line that would follow the text.
 xTPos xTMemStorage::closing_behind(xTPos at) const
 {
     for (; at.line < line_count(); at = {at.line + 1, 0}) {
-        const std::int32_t hit = FindPair(lines[at.line].m_text, _T('*'), _T('/'), at.col);
-        if (hit >= 0)
-            return {at.line, hit + 2};
+        if (const std::int32_t behind = BehindClosing(lines[at.line], at.col); behind >= 0)
+            return {at.line, behind};
     }
     return {line_count(), 0};
 }

@@ -104,6 +104,7 @@ void xTInsertion::PutWholeLine()
         m_store.comments_valid = false;
     const std::int32_t at = m_store.caret.line;
     *m_store.lines.InsertAt(at) = std::move(line);
+    m_store.note_change(at, at);
     m_count += growth;
     m_reader.Grow(growth);
     m_store.set_caret_raw({at + 1, 0});

@@ -78,9 +78,9 @@ void xTMemStorage::split_line(const xTPos& pos)
     xTExtString head = lines[at].LeftPart(pos.col);
     xTExtString tail = lines[at].RightPart(pos.col);
     head.m_snapshotLine = lines[at].m_snapshotLine;  // the line that was there lives on in its first part
-    note_change(at, at);
     *lines.InsertAt(std::int64_t{at} + 1) = std::move(tail);
     lines[at] = std::move(head);
+    note_change(at, at + 1);
 }
 
 void xTMemStorage::remove_line(std::int32_t index)
@@ -221,8 +221,7 @@ void xTMemStorage::extend_selection(int direction)
     });
 }
 
-void xTMemStorage::note_change(std::int32_t from, std::int32_t to) noexcept
+void xTMemStorage::note_change(std::int32_t first, std::int32_t last) noexcept
 {
-    stale.first = std::min(stale.first, std::max(from, 0));
-    stale.cleanTail = std::min(stale.cleanTail, std::max(line_count() - 1 - to, 0));
+    stale.Note(first, last, line_count());
 }

@@ -114,6 +114,7 @@ void xTMemStorage::copy_from(const xTMemStorage& other)
         lines.Reserve(other.lines.GetSize());
         for (std::int32_t i = 0; i < other.line_count(); ++i)
             lines.Add(other.lines[i]);
+        stale = other.stale;
     });
 }
 

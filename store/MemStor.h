@@ -3,12 +3,13 @@
 #include "framework/base/CArray.h"
 #include "store/MyStr.h"
 #include "store/Positions.h"
+#include "store/StaleLines.h"
 #include "store/StoreWindow.h"
 #include "store/TabSettings.h"
 
 #include <cstdint>
-#include <limits>
 #include <memory>
+#include <span>
 
 class CDC;
 class CWnd;
@@ -201,16 +202,11 @@ public:
     xTSelection selection;
     std::shared_ptr<xTPrintJob> print_job;  ///< null while none runs
 
-    /// The lines whose comment marks may differ from those that a scan of the whole text would give, whether or not
-    /// `comments_valid` still stands: from line `first` on, but for the last `cleanTail` lines. Every change of the text
-    /// widens it, a rescan ends it. Who changes `lines` by hand after a scan has to call `note_change`.
-    struct xTStaleLines {
-        static constexpr std::int32_t nowhere = std::numeric_limits<std::int32_t>::max();
-        std::int32_t first = 0;
-        std::int32_t cleanTail = 0;
-    };
+    /// What the next rescan has to look at, whether or not `comments_valid` still stands. Every change of the text widens
+    /// it, a rescan ends it. Who changes `lines` by hand after a scan has to call `note_change`, and at once.
     xTStaleLines stale;
-    /// The lines from `first` to `last`, as they are numbered after the change, may need other marks.
+    /// The lines from `first` to `last`, as they are numbered after the change, may need other marks; lines that came or
+    /// went since the last call came or went there.
     void note_change(std::int32_t first, std::int32_t last) noexcept;
 
 private:
@@ -231,9 +227,10 @@ private:
     [[nodiscard]] const xTTabSettings& tabs() const noexcept;
     template <typename Change>
     void change_block(Change change);
+    void scan_from_top();
+    void scan_changed(std::span<const xTLineRange> changed);
     void finish_rescan();
     void split_pages(const xTPrintSetup& setup, xTPrintJob& job) const;
-    [[nodiscard]] std::int32_t opening_in_line(const xTPos& at) const;
     [[nodiscard]] xTPos closing_behind(xTPos at) const;
     void mark_range(const xTPos& start, const xTPos& behind);
 };

@@ -54,6 +54,7 @@ void xTExtString::copy_data(const xTExtString& other) noexcept
         m_text = other.m_text;
         m_attrs = other.m_attrs;
         m_flags = other.m_flags;
+        m_beganInside = other.m_beganInside;
         m_snapshotLine = other.m_snapshotLine;
     } catch (...) {
         ReportCopyFailure();
@@ -84,6 +85,7 @@ void xTExtString::ReportCopyFailure() noexcept
 void xTExtString::Clear() noexcept
 {
     m_flags = 0;
+    m_beganInside = false;
     m_text.Empty();
     m_attrs.Empty();
     m_snapshotLine = noSnapshot;
@@ -286,6 +288,7 @@ void xTExtString::UnmarkAllComment()
     }
     if ((m_flags & commentFlags) != 0)
         m_flags = static_cast<std::uint16_t>(m_flags & ~commentFlags);
+    m_beganInside = false;
 }
 
 void xTExtString::MarkCommentRun(std::int32_t from, std::int32_t to, bool startsInside)
@@ -298,6 +301,7 @@ void xTExtString::MarkCommentRun(std::int32_t from, std::int32_t to, bool starts
         ChangeBits(m_attrs, begin, end, attrComment, 0);
     const int own = m_flags & ~flagStartsInside;
     m_flags = static_cast<std::uint16_t>(own | flagHasComment | (startsInside ? flagStartsInside : 0));
+    m_beganInside = m_beganInside || startsInside;
 }
 
 bool xTExtString::CommentMask(std::uint32_t* mask, std::int32_t count) const

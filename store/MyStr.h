@@ -94,5 +94,8 @@ public:
     CString m_text;
     CString m_attrs;
     std::uint16_t m_flags = 0;
+    /// Did the line begin inside a comment when the text was last scanned? The flag does not tell: a second comment on
+    /// the line takes it away. Only a scan reads this; it stands where it costs a record no room.
+    bool m_beganInside = false;
     std::int32_t m_snapshotLine = noSnapshot;
 };

@@ -91,6 +91,7 @@ TEST_F(CommentScan, StaleMarksAreRebuiltAndShown)
 {
     Load(_T("/*a\nb"));
     store.lines[0] = xTExtString(_T("x"));
+    store.note_change(0, 0);
     store.comments_valid = false;
     store.rescan_comments();
     EXPECT_EQ(Marks(1), ".");
@@ -234,6 +235,7 @@ TEST_F(CommentOracle, AgreesWithARescanOverStaleMarks)
             if (random() % 5 == 0)
                 store.lines[i].m_flags = 0;
         }
+        store.note_change(0, store.line_count());
         store.comments_valid = false;
         store.rescan_comments();
         ExpectOracle(xTNaiveComments(NaiveLines(text)));

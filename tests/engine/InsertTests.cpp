@@ -335,17 +335,19 @@ TEST_F(Insertion, SplitOutsideALineDoesNothing)
 TEST_F(Insertion, ItNotesTheLinesThatAScanHasToLookAt)
 {
     given("a\nb\nc\nd\ne");
-    EXPECT_EQ(store.stale.first, xTMemStorage::xTStaleLines::nowhere);
+    EXPECT_TRUE(store.stale.Ranges().empty());
     store.wnd = nullptr;
     store.split_line({2, 1});
-    EXPECT_EQ(store.stale.first, 2);
-    EXPECT_EQ(store.stale.cleanTail, 2);
-    store.remove_line(1);
-    EXPECT_EQ(store.stale.first, 1);
-    EXPECT_EQ(store.stale.cleanTail, 2);
+    ASSERT_EQ(store.stale.Ranges().size(), 1u);
+    EXPECT_EQ(store.stale.Ranges()[0].first, 2);
+    EXPECT_EQ(store.stale.Ranges()[0].last, 3);
+    store.remove_line(0);
+    ASSERT_EQ(store.stale.Ranges().size(), 1u);
+    EXPECT_EQ(store.stale.Ranges()[0].first, 0);
+    EXPECT_EQ(store.stale.Ranges()[0].last, 2);
     store.comments_valid = false;
     store.rescan_comments();
-    EXPECT_EQ(store.stale.first, xTMemStorage::xTStaleLines::nowhere);
+    EXPECT_TRUE(store.stale.Ranges().empty());
 }
 
 TEST(PieceReader, ReadsPiecesBetweenLineFeeds)

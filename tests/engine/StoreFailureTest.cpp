@@ -222,6 +222,7 @@ TEST_F(StoreFailure, RescanThatRunsOutOfMemoryIsTriedAgain)
 {
     Load(_T("x"));
     store.lines[0] = xTExtString(_T("a /* b"));
+    store.note_change(0, 0);
     store.comments_valid = false;
     ASSERT_EQ(FailuresIn([&] { store.rescan_comments(); }, 0), 1);
     EXPECT_FALSE(store.comments_valid);

@@ -73,6 +73,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     for (std::int32_t i = 0; i < store.line_count(); i += 1 + (data[0] & 7))
         store.lines[i].MarkCommentRun(i % 7, i % 11, (i & 1) != 0);
+    store.note_change(0, store.line_count());
     store.comments_valid = false;
     store.rescan_comments();
     RequireOracle(store, oracle);

@@ -1,0 +1,44 @@
+#include "store/StaleLines.h"
+
+#include <algorithm>
+
+void xTStaleLines::Note(std::int32_t first, std::int32_t last, std::int32_t lineCount) noexcept
+{
+    if (m_lineCount == unknown)
+        return;
+    const std::int32_t growth = lineCount - m_lineCount;
+    m_lineCount = lineCount;
+    const std::int32_t lastBefore = last - growth;  // as numbered before the change
+    const auto begin = m_ranges.begin();
+    const auto end = begin + static_cast<std::ptrdiff_t>(m_count);
+    const auto met = std::partition_point(begin, end, [=](const xTLineRange& r) { return r.last < first - 1; });
+    const auto behind = std::partition_point(met, end, [=](const xTLineRange& r) { return r.first <= lastBefore + 1; });
+    xTLineRange merged{first, last};
+    if (met != behind) {
+        merged.first = std::min(first, met->first);
+        merged.last = std::max(last, (behind - 1)->last + growth);
+    }
+    std::for_each(behind, end, [=](xTLineRange& range) { range = {range.first + growth, range.last + growth}; });
+    // One range takes the place of those it met with; with none met the others make room.
+    if (met == behind)
+        std::move_backward(behind, end, end + 1);
+    else
+        std::move(behind, end, met + 1);
+    *met = merged;
+    m_count = m_count + 1 - static_cast<std::size_t>(behind - met);
+    if (m_count > mostRanges)
+        JoinNearest();
+}
+
+void xTStaleLines::JoinNearest() noexcept
+{
+    std::size_t nearest = 1;
+    for (std::size_t i = 2; i < m_count; ++i) {
+        if (m_ranges[i].first - m_ranges[i - 1].last < m_ranges[nearest].first - m_ranges[nearest - 1].last)
+            nearest = i;
+    }
+    m_ranges[nearest - 1].last = m_ranges[nearest].last;
+    std::move(m_ranges.begin() + static_cast<std::ptrdiff_t>(nearest) + 1,
+              m_ranges.begin() + static_cast<std::ptrdiff_t>(m_count), m_ranges.begin() + static_cast<std::ptrdiff_t>(nearest));
+    --m_count;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+/// Lines from `first` to `last`, both inclusive.
+struct xTLineRange {
+    std::int32_t first;
+    std::int32_t last;
+};
+
+/// The lines whose comment marks may differ from those that a scan of the whole text would give. Changes far apart stay
+/// apart, so that the scan that follows looks at the changed places and not at all that lies between them. It starts
+/// with every line in doubt. Nothing here allocates or fails.
+class xTStaleLines {
+public:
+    static constexpr std::size_t mostRanges = 32;  ///< of more places the two nearest become one
+
+    /// The marks of all `lineCount` lines are right.
+    void Clear(std::int32_t lineCount) noexcept
+    {
+        m_count = 0;
+        m_lineCount = lineCount;
+    }
+
+    /// The lines from `first`, at least 0, to `last`, as they are numbered now, are new or changed. A text that has
+    /// become longer or shorter has done so within them: they stand where fewer or more lines stood.
+    void Note(std::int32_t first, std::int32_t last, std::int32_t lineCount) noexcept;
+
+    /// True when any line may have wrong marks, as for a text that was never scanned.
+    [[nodiscard]] bool IsWholeText(std::int32_t lineCount) const noexcept { return m_lineCount != lineCount; }
+    /// Ascending, with at least one line between two of them; the last may reach past the end of the text.
+    [[nodiscard]] std::span<const xTLineRange> Ranges() const noexcept { return std::span(m_ranges).first(m_count); }
+
+private:
+    static constexpr std::int32_t unknown = -1;
+
+    void JoinNearest() noexcept;
+
+    std::array<xTLineRange, mostRanges + 1> m_ranges{};
+    std::size_t m_count = 0;
+    std::int32_t m_lineCount = unknown;  // the lines of the text that the ranges are told of
+};
