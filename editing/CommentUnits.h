@@ -5,7 +5,8 @@
 /// True when a text holds a `/` or a `*`: taking it away may end a comment or begin one.
 [[nodiscard]] inline bool HoldsCommentMark(WStrView text) noexcept
 {
-    return FindUnit(text, _T('/'), 0) < text.size() || FindUnit(text, _T('*'), 0) < text.size();
+    constexpr WCHAR marks[] = {_T('/'), _T('*')};
+    return FindAnyUnit(text, marks, 0) < text.size();
 }
 
 /// The characters that ask for a new scan when they come in. The backslash is one of them here and not where text goes:
@@ -17,5 +18,6 @@
 
 [[nodiscard]] inline bool HoldsCommentUnit(WStrView text) noexcept
 {
-    return HoldsCommentMark(text) || FindUnit(text, _T('\\'), 0) < text.size();
+    constexpr WCHAR units[] = {_T('/'), _T('*'), _T('\\')};
+    return FindAnyUnit(text, units, 0) < text.size();
 }

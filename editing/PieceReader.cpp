@@ -39,7 +39,7 @@ void xTPieceReader::Fold(std::int32_t room)
 std::int64_t xTPieceReader::FeedsAhead() const noexcept
 {
     const WStrView text = m_source.view().substr(0, static_cast<std::size_t>(m_end));
-    return std::count(text.begin() + std::min(m_offset, m_end), text.end(), _T('\n'));
+    return static_cast<std::int64_t>(CountUnit(text.substr(static_cast<std::size_t>(std::min(m_offset, m_end))), _T('\n')));
 }
 
 void xTPieceReader::WriteFolds(CString& text) const

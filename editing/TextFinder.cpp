@@ -50,25 +50,30 @@ xTTextFinder::xTTextFinder(const CString& what, bool whole_word, bool match_case
 {
     if (m_what.IsEmpty())
         return;
-    const WCHAR first = m_what.c_str()[0];
-    if (match_case) {
-        m_firsts[0] = first;
-        m_firstCount = 1;
-        return;
-    }
-    const WStrView table = FoldTable().view();
-    for (std::size_t unit = FindUnit(table, first, 0); unit < unitCount; unit = FindUnit(table, first, unit + 1)) {
-        if (m_firstCount < mostVariants)
-            m_firsts[m_firstCount] = static_cast<WCHAR>(unit);
-        ++m_firstCount;
-    }
+    m_firsts = VariantsOf(m_what.view().front(), match_case);
+    m_lasts = VariantsOf(m_what.view().back(), match_case);
 }
 
+xTTextFinder::xTVariants xTTextFinder::VariantsOf(WCHAR unit, bool match_case) noexcept
+{
+    if (match_case)
+        return {{unit}, 1};
+    xTVariants variants;
+    const WStrView table = FoldTable().view();
+    for (std::size_t other = FindUnit(table, unit, 0); other < unitCount; other = FindUnit(table, unit, other + 1)) {
+        if (variants.count < mostVariants)
+            variants.units[variants.count] = static_cast<WCHAR>(other);
+        ++variants.count;
+    }
+    return variants;
+}
+
+// The next column where the text may begin; the length of the line when there is none.
 std::size_t xTTextFinder::NextCandidate(WStrView line, std::size_t from) const noexcept
 {
-    if (m_firstCount > mostVariants)
-        return from;
-    return FindAnyUnit(line, std::span(m_firsts).first(m_firstCount), from);
+    if (!m_firsts.AreKnown() || !m_lasts.AreKnown())
+        return from + m_what.view().size() <= line.size() ? from : line.size();
+    return FindEnds(line, m_firsts.view(), m_lasts.view(), m_what.view().size() - 1, from);
 }
 
 bool xTTextFinder::MatchesAt(const WCHAR* place) const noexcept
@@ -83,12 +88,10 @@ bool xTTextFinder::MatchesAt(const WCHAR* place) const noexcept
 
 std::int32_t xTTextFinder::FindIn(WStrView line, std::int32_t from) const noexcept
 {
-    const std::size_t length = m_what.view().size();
-    if (length == 0 || line.size() < length)
+    if (m_what.IsEmpty())
         return -1;
-    const WStrView starts = line.substr(0, line.size() - length + 1);
     const auto begin = static_cast<std::size_t>(std::max(from, 0));
-    for (std::size_t i = NextCandidate(starts, begin); i < starts.size(); i = NextCandidate(starts, i + 1)) {
+    for (std::size_t i = NextCandidate(line, begin); i < line.size(); i = NextCandidate(line, i + 1)) {
         if (MatchesAt(line.data() + i))
             return static_cast<std::int32_t>(i);
     }

@@ -2,8 +2,10 @@
 
 #include "framework/base/CString.h"
 #include "store/Positions.h"
+#include "store/WideScan.h"
 
 #include <array>
+#include <span>
 
 class xTMemStorage;
 
@@ -28,15 +30,23 @@ public:
     [[nodiscard]] xTPos Search(const xTMemStorage& store, bool down, bool from_caret, bool* wrapped) const;
 
 private:
-    static constexpr std::size_t mostVariants = 4;
+    static constexpr std::size_t mostVariants = mostEndUnits;
 
+    /// The units that one unit of the text may be in a line. More than there is room for: any unit is looked at.
+    struct xTVariants {
+        std::array<WCHAR, mostVariants> units{};
+        std::size_t count = 0;
+        [[nodiscard]] bool AreKnown() const noexcept { return count <= mostVariants; }
+        [[nodiscard]] std::span<const WCHAR> view() const noexcept { return std::span(units).first(count); }
+    };
+
+    [[nodiscard]] static xTVariants VariantsOf(WCHAR unit, bool match_case) noexcept;
     [[nodiscard]] std::size_t NextCandidate(WStrView line, std::size_t from) const noexcept;
     [[nodiscard]] bool MatchesAt(const WCHAR* place) const noexcept;
 
     CString m_what;  // in lower case where case does not matter
     bool m_wholeWord;
     bool m_matchCase;
-    // The units that the first one of the text may be in a line. More than there is room for: any unit is looked at.
-    std::array<WCHAR, mostVariants> m_firsts{};
-    std::size_t m_firstCount = 0;
+    xTVariants m_firsts;  // of the first unit and of the last: what has both ends right is looked at in full
+    xTVariants m_lasts;
 };

@@ -1,7 +1,9 @@
 #include "store/WideScan.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <type_traits>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -153,51 +155,129 @@ xTTextFacts SurveyText(const WCHAR* text, std::size_t limit) noexcept
     return survey.Finish();
 }
 
-std::size_t FindUnit(WStrView text, WCHAR ch, std::size_t from) noexcept
+namespace {
+
+// The first place from `from` on, below `end`, that has what is looked for, or `end`. `hits` tells it of the sixteen
+// places from one on, `isHit` of a single one. The last block reaches back over places that were looked at already
+// rather than leave up to fifteen to be asked one by one: most lines are short.
+template <typename Hits, typename IsHit>
+inline std::size_t FirstHit(std::size_t from, std::size_t end, Hits hits, IsHit isHit) noexcept
 {
     std::size_t i = from;
-    for (; i + blockUnits <= text.size(); i += blockUnits) {
-        if (const unsigned hits = MaskOf(BlockAt(text.data() + i), ch))
-            return i + FirstBit(hits);
+    for (; i + blockUnits <= end; i += blockUnits) {
+        if (const unsigned found = hits(i))
+            return i + FirstBit(found);
     }
-    for (; i < text.size(); ++i) {
-        if (text[i] == ch)
-            return i;
+    if (i >= end)
+        return end;
+    if (end - from >= blockUnits) {
+        const unsigned found = hits(end - blockUnits);
+        return found ? end - blockUnits + FirstBit(found) : end;
     }
-    return text.size();
+    while (i < end && !isHit(i))
+        ++i;
+    return i;
 }
 
-std::size_t FindAnyUnit(WStrView text, std::span<const WCHAR> units, std::size_t from) noexcept
+template <typename Units>
+inline unsigned MaskOfAny(const xTBlock& block, const Units& units) noexcept
 {
-    std::size_t i = from;
-    for (; i + blockUnits <= text.size(); i += blockUnits) {
-        const xTBlock block = BlockAt(text.data() + i);
-        unsigned hits = 0;
-        for (const WCHAR unit : units)
-            hits |= MaskOf(block, unit);
-        if (hits != 0)
-            return i + FirstBit(hits);
+    unsigned hits = 0;
+    for (const WCHAR unit : units)
+        hits |= MaskOf(block, unit);
+    return hits;
+}
+
+inline bool IsAny(WCHAR ch, std::span<const WCHAR> units) noexcept
+{
+    return std::ranges::find(units, ch) != units.end();
+}
+
+}  // namespace
+
+std::size_t FindUnit(WStrView text, WCHAR ch, std::size_t from) noexcept
+{
+    if (from >= text.size())
+        return text.size();
+    const WCHAR* const units = text.data();
+    return FirstHit(from, text.size(), [=](std::size_t i) { return MaskOf(BlockAt(units + i), ch); },
+                    [=](std::size_t i) { return units[i] == ch; });
+}
+
+std::size_t FindAnyUnit(WStrView text, std::span<const WCHAR> wanted, std::size_t from) noexcept
+{
+    if (from >= text.size())
+        return text.size();
+    const WCHAR* const units = text.data();
+    return FirstHit(from, text.size(), [=](std::size_t i) { return MaskOfAny(BlockAt(units + i), wanted); },
+                    [=](std::size_t i) { return IsAny(units[i], wanted); });
+}
+
+namespace {
+
+// Up to N units, spread over blocks once for many questions; with fewer of them the last stands for the rest.
+template <std::size_t N>
+struct xTUnitSet {
+    explicit xTUnitSet(std::span<const WCHAR> wanted) noexcept
+    {
+        for (std::size_t i = 0; i < N; ++i)
+            units[i] = wanted[std::min(i, wanted.size() - 1)];
     }
-    for (; i < text.size(); ++i) {
-        if (std::ranges::find(units, text[i]) != units.end())
-            return i;
-    }
-    return text.size();
+    std::array<WCHAR, N> units;
+};
+
+template <std::size_t N>
+std::size_t FindEndsOf(const WCHAR* first, const WCHAR* last, std::size_t from, std::size_t end, const xTUnitSet<N>& firsts,
+                       const xTUnitSet<N>& lasts) noexcept
+{
+    return FirstHit(
+        from, end,
+        [=](std::size_t i) {
+            return MaskOfAny(BlockAt(first + i), firsts.units) & MaskOfAny(BlockAt(last + i), lasts.units);
+        },
+        [=](std::size_t i) { return IsAny(first[i], firsts.units) && IsAny(last[i], lasts.units); });
+}
+
+}  // namespace
+
+std::size_t FindEnds(WStrView text, std::span<const WCHAR> firsts, std::span<const WCHAR> lasts, std::size_t distance,
+                     std::size_t from) noexcept
+{
+    if (from + distance >= text.size())
+        return text.size();
+    const auto find = [&]<std::size_t N>(std::integral_constant<std::size_t, N>) {
+        const std::size_t end = text.size() - distance;
+        const std::size_t hit = FindEndsOf(text.data(), text.data() + distance, from, end, xTUnitSet<N>(firsts), xTUnitSet<N>(lasts));
+        return hit < end ? hit : text.size();
+    };
+    const std::size_t most = std::max(firsts.size(), lasts.size());
+    if (most == 1)
+        return find(std::integral_constant<std::size_t, 1>());
+    if (most == 2)
+        return find(std::integral_constant<std::size_t, 2>());
+    return find(std::integral_constant<std::size_t, mostEndUnits>());
+}
+
+std::size_t CountUnit(WStrView text, WCHAR ch) noexcept
+{
+    std::size_t count = 0;
+    std::size_t i = 0;
+    for (; i + blockUnits <= text.size(); i += blockUnits)
+        count += static_cast<std::size_t>(std::popcount(MaskOf(BlockAt(text.data() + i), ch)));
+    return count + static_cast<std::size_t>(std::ranges::count(text.substr(i), ch));
 }
 
 std::int32_t FindPair(WStrView text, WCHAR a, WCHAR b, std::int32_t from) noexcept
 {
-    std::size_t i = static_cast<std::size_t>(std::max(from, 0));
-    for (; i + blockUnits < text.size(); i += blockUnits) {
-        const WCHAR* at = text.data() + i;
-        if (const unsigned hits = MaskOf(BlockAt(at), a) & MaskOf(BlockAt(at + 1), b))
-            return static_cast<std::int32_t>(i + FirstBit(hits));
-    }
-    for (; i + 1 < text.size(); ++i) {
-        if (text[i] == a && text[i + 1] == b)
-            return static_cast<std::int32_t>(i);
-    }
-    return -1;
+    const auto begin = static_cast<std::size_t>(std::max(from, 0));
+    if (begin + 1 >= text.size())
+        return -1;
+    const WCHAR* const units = text.data();
+    const std::size_t end = text.size() - 1;
+    const std::size_t hit = FirstHit(
+        begin, end, [=](std::size_t i) { return MaskOf(BlockAt(units + i), a) & MaskOf(BlockAt(units + i + 1), b); },
+        [=](std::size_t i) { return units[i] == a && units[i + 1] == b; });
+    return hit < end ? static_cast<std::int32_t>(hit) : -1;
 }
 
 bool AllUnitsAre(WStrView text, WCHAR word) noexcept

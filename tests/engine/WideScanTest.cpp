@@ -94,6 +94,26 @@ TEST(WideScan, PairSearchEqualsThePlainOne)
     }
 }
 
+TEST(WideScan, SearchOfBothEndsEqualsThePlainOne)
+{
+    constexpr WCHAR firsts[] = {_T('/'), _T('\n')};
+    constexpr WCHAR lasts[] = {_T('*'), _T('a')};
+    std::mt19937 random(7);
+    for (std::size_t round = 0; round < 5000; ++round) {
+        const WString text = RandomText(random, 70);
+        const std::size_t from = random() % (text.size() + 3);
+        const std::size_t distance = random() % 20;
+        std::size_t expected = text.size();
+        for (std::size_t i = text.size(); i-- > from;) {
+            if (i + distance < text.size() && WStrView(firsts, 2).find(text[i]) != WStrView::npos &&
+                WStrView(lasts, 2).find(text[i + distance]) != WStrView::npos)
+                expected = i;
+        }
+        const xTExactText exact(text, round % 9);
+        ASSERT_EQ(FindEnds({exact.c_str(), text.size()}, firsts, lasts, distance, from), expected);
+    }
+}
+
 TEST(WideScan, UnitQuestionsHoldAtEveryPlace)
 {
     for (std::size_t length = 0; length < 70; ++length) {
