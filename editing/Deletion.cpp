@@ -141,7 +141,7 @@ bool xTDeletion::StepOverWholeLine(std::int32_t index, std::int32_t& heir)
         heir = heir < 0 ? index : heir;
         m_shift = 0;
     } else {
-        if (HoldsCommentMark(line.m_text))
+        if (m_store.comments_valid && HoldsCommentMark(line.m_text))
             m_store.comments_valid = false;
         heir = -1;
     }

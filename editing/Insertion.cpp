@@ -100,7 +100,7 @@ void xTInsertion::PutWholeLine()
     line.m_flags = m_flags;
     if (m_inComment)
         line.m_attrs = SharedRun(xTExtString::attrBase | xTExtString::attrComment, line.GetLength());
-    if (HoldsCommentUnit(line.m_text))
+    if (m_store.comments_valid && HoldsCommentUnit(line.m_text))
         m_store.comments_valid = false;
     const std::int32_t at = m_store.caret.line;
     *m_store.lines.InsertAt(at) = std::move(line);

@@ -197,12 +197,8 @@ bool xTMemStorage::replace_at(const xTPos& pos, WStrView old, WStrView replaceme
         if (at.col < 0 || at.col >= line_length(at.line))
             return false;
         xTExtString line = lines[at.line];
-        if (!old.empty())
-            line.DeleteSubString(at.col, static_cast<std::int32_t>(old.size()));
-        // Past the line's own insertion: the new characters get fresh marks even within a comment, and no flag changes.
-        line.m_text.Insert(at.col, replacement);
-        line.m_attrs.Insert(at.col, CString(xTExtString::attrBase, static_cast<std::int32_t>(replacement.size())));
-        lines[at.line].copy_data(line);
+        line.ReplaceRun(at.col, static_cast<std::int32_t>(old.size()), replacement);
+        lines[at.line] = std::move(line);
         note_change(at.line, at.line);
         if (wnd)
             wnd->NotifyHost(true, 0);

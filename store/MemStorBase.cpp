@@ -163,7 +163,7 @@ CString xTMemStorage::joined_lines(const xTPos& from, const xTPos& to) const
 {
     const auto part = [&](std::int32_t line) -> WStrView {
         const std::int32_t column = line == from.line ? from.col : 0;
-        if (!is_valid_pos({line, column}))
+        if (!has_line(line) || column < 0 || column > lines[line].GetLength())
             return {};
         const WStrView tail = lines[line].m_text.view().substr(static_cast<std::size_t>(column));
         return line == to.line ? tail.substr(0, static_cast<std::size_t>(to.col + 1)) : tail;
@@ -173,9 +173,11 @@ CString xTMemStorage::joined_lines(const xTPos& from, const xTPos& to) const
         length += static_cast<std::int64_t>(part(line).size());
     if (length > std::numeric_limits<std::int32_t>::max() / 4)
         throw std::bad_alloc();
-    CString text(_T('\n'), static_cast<std::int32_t>(length));
     if (length == 0)
-        return text;
+        return {};
+    // With room behind it: a deletion puts a zero there, and a large text is better not copied for that.
+    CString text(_T('\n'), static_cast<std::int32_t>(length) + 1);
+    text.Delete(static_cast<std::int32_t>(length));
     WCHAR* place = text.OwnBuffer();
     for (std::int32_t line = from.line; line <= to.line; ++line) {
         place = std::ranges::copy(part(line), place).out;

@@ -28,6 +28,12 @@ void ChangeBits(CString& attrs, std::int32_t from, std::int32_t to, WCHAR set, W
         words[i] = static_cast<WCHAR>((words[i] & ~clear) | set);
 }
 
+// True when each word is `word`. Most lines share their words with all others of their length: those are told at a glance.
+bool IsRun(const CString& attrs, WCHAR word)
+{
+    return attrs.SharesBufferWith(SharedRun(word, attrs.GetLength())) || AllUnitsAre(attrs, word);
+}
+
 // Does the box and swallows the exception in flight: a line that could not grow must not end the typing.
 void ShowInsertFailure(const WCHAR* text) noexcept
 {
@@ -184,6 +190,16 @@ std::int32_t xTExtString::DeleteSubString(std::int32_t pos, std::int32_t count) 
     return 0;
 }
 
+void xTExtString::ReplaceRun(std::int32_t pos, std::int32_t count, WStrView text)
+{
+    const bool plain = IsRun(m_attrs, attrBase);
+    m_text.Exchange(pos, count, text);
+    if (plain)
+        m_attrs = SharedRun(attrBase, GetLength());
+    else
+        m_attrs.Exchange(pos, count, CString(attrBase, static_cast<std::int32_t>(text.size())));
+}
+
 std::int32_t xTExtString::ReplaceTabs(WStrView spaces)
 {
     if (spaces.find(_T('\t')) != WStrView::npos)
@@ -278,24 +294,23 @@ void xTExtString::MarkAllComment()
 
 void xTExtString::UnmarkAllComment()
 {
-    // Most lines hold no mark: a glance is all they cost. The words are looked at too, since a join brings marked
-    // characters into a line without bringing the flag.
-    if (AnyUnitHas(m_attrs, attrComment)) {
-        if (AllUnitsAre(m_attrs, attrBase | attrComment))
-            m_attrs = SharedRun(attrBase, m_attrs.GetLength());
-        else
-            ChangeBits(m_attrs, 0, m_attrs.GetLength(), 0, attrComment);
-    }
-    if ((m_flags & commentFlags) != 0)
-        m_flags = static_cast<std::uint16_t>(m_flags & ~commentFlags);
     m_beganInside = false;
+    // The words are looked at whatever the flags say, since a join brings marked characters into a line without them.
+    if (!AnyUnitHas(m_attrs, attrComment)) {
+        // Most lines hold no mark: a glance is all they cost.
+    } else if (IsRun(m_attrs, attrBase | attrComment)) {
+        m_attrs = SharedRun(attrBase, m_attrs.GetLength());
+    } else {
+        ChangeBits(m_attrs, 0, m_attrs.GetLength(), 0, attrComment);
+    }
+    m_flags = static_cast<std::uint16_t>(m_flags & ~commentFlags);
 }
 
 void xTExtString::MarkCommentRun(std::int32_t from, std::int32_t to, bool startsInside)
 {
     const std::int32_t begin = std::max(from, 0);
     const std::int32_t end = std::min(to, m_attrs.GetLength());
-    if (begin == 0 && end == m_attrs.GetLength() && AllUnitsAre(m_attrs, attrBase))
+    if (begin == 0 && end == m_attrs.GetLength() && IsRun(m_attrs, attrBase))
         m_attrs = SharedRun(attrBase | attrComment, end);  // a line wholly in a comment owns no words
     else if (begin < end)
         ChangeBits(m_attrs, begin, end, attrComment, 0);

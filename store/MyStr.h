@@ -55,6 +55,9 @@ public:
     /// @param count -1 means to the end of the line
     /// @return the new length, 0 after a failure
     std::int32_t DeleteSubString(std::int32_t pos, std::int32_t count) noexcept;
+    /// Puts characters with base words, even within a comment, in the place of `count` others; no flag changes.
+    /// @param pos in the line; `count` is cut to it
+    void ReplaceRun(std::int32_t pos, std::int32_t count, WStrView text);
     /// @param spaces what each tab becomes; with a tab in it nothing is replaced
     /// @return how many tabs there were
     std::int32_t ReplaceTabs(WStrView spaces);

@@ -134,11 +134,16 @@ std::int32_t CString::Insert(std::int32_t index, WCHAR ch)
 
 std::int32_t CString::Insert(std::int32_t index, WStrView text)
 {
-    const std::int32_t count = LengthOf(text);
-    if (count == 0)
-        return GetLength();
+    return text.empty() ? GetLength() : Exchange(index, 0, text);
+}
+
+std::int32_t CString::Exchange(std::int32_t index, std::int32_t count, WStrView text)
+{
+    const std::int32_t at = std::clamp(index, 0, GetLength());
+    const std::int32_t removed = std::clamp(count, 0, GetLength() - at);
+    const std::int32_t added = LengthOf(text);
     const CString source = HoldsText(text) ? *this : CString();  // keeps `text` where it is
-    CopyText(Splice(std::clamp(index, 0, GetLength()), 0, count), text.data(), count);
+    CopyText(Splice(at, removed, added), text.data(), added);
     return GetLength();
 }
 
@@ -182,11 +187,6 @@ std::int32_t CString::Find(WCHAR ch, std::int32_t start) const noexcept
 std::int32_t CString::Find(WStrView text, std::int32_t start) const noexcept
 {
     return static_cast<std::int32_t>(view().find(text, static_cast<std::size_t>(std::max(start, 0))));
-}
-
-std::int32_t CString::FindOneOf(WStrView set, std::int32_t start) const noexcept
-{
-    return static_cast<std::int32_t>(view().find_first_of(set, static_cast<std::size_t>(std::max(start, 0))));
 }
 
 CString CString::Mid(std::int32_t from, std::int32_t count) const

@@ -75,6 +75,10 @@ public:
     std::int32_t Insert(std::int32_t index, WCHAR ch);
     std::int32_t Insert(std::int32_t index, WStrView text);
 
+    /// Puts `text` in the place of `count` characters from `index` on; both are clipped to the text.
+    /// @return the new length
+    std::int32_t Exchange(std::int32_t index, std::int32_t count, WStrView text);
+
     /// Removes at most `count` characters from `index` on; an index outside the text or a count below 1 removes nothing.
     /// @return the new length
     std::int32_t Delete(std::int32_t index, std::int32_t count = 1);
@@ -86,7 +90,6 @@ public:
     /// @return the index of the first hit at or behind `start` (below 0 counts as 0), -1 when there is none
     [[nodiscard]] std::int32_t Find(WCHAR ch, std::int32_t start = 0) const noexcept;
     [[nodiscard]] std::int32_t Find(WStrView text, std::int32_t start = 0) const noexcept;
-    [[nodiscard]] std::int32_t FindOneOf(WStrView set, std::int32_t start = 0) const noexcept;
 
     /// The part from `from` on, at most `count` characters; both are clipped to the text. The whole text shares the buffer.
     [[nodiscard]] CString Mid(std::int32_t from, std::int32_t count) const;

@@ -250,9 +250,29 @@ TEST(CStringFind, FindsFromAStart)
     EXPECT_EQ(text.Find(_T("ca")), 2);
     EXPECT_EQ(text.Find(_T("ca"), 3), -1);
     EXPECT_EQ(text.Find(_T("x"), 99), -1);
-    EXPECT_EQ(text.FindOneOf(_T("xc")), 2);
-    EXPECT_EQ(text.FindOneOf(_T("xc"), 3), 5);
-    EXPECT_EQ(text.FindOneOf(_T("")), -1);
+}
+
+TEST(CStringExchange, PutsATextInThePlaceOfAnother)
+{
+    CString text = _T("abcdef");
+    EXPECT_EQ(text.Exchange(1, 2, _T("XYZ")), 7);
+    EXPECT_EQ(text, _T("aXYZdef"));
+    EXPECT_EQ(text.Exchange(5, 99, _T("")), 5);
+    EXPECT_EQ(text, _T("aXYZd"));
+    text.Exchange(-3, 1, _T("q"));
+    text.Exchange(99, 1, _T("!"));
+    EXPECT_EQ(text, _T("qXYZd!"));
+    text.Exchange(2, -1, text.view().substr(1, 2));  // a piece of itself; a count below 0 takes nothing
+    EXPECT_EQ(text, _T("qXXYYZd!"));
+}
+
+TEST(CStringExchange, LeavesACopyAlone)
+{
+    CString text = _T("abc");
+    const CString copy = text;
+    text.Exchange(0, 3, _T("x"));
+    EXPECT_EQ(copy, _T("abc"));
+    EXPECT_EQ(text, _T("x"));
 }
 
 TEST(CStringMid, ClipsToTheText)
