@@ -1,5 +1,6 @@
 #include "bench/BenchControl.h"
 #include "bench/Measure.h"
+#include "bench/Messages.h"
 #include "include/scrivctl3.h"
 
 // A key as the system sends it, up to the moment when nothing of it is left to paint.

@@ -1,6 +1,7 @@
 #include "bench/Floors.h"
 
 #include "bench/Measure.h"
+#include "bench/Messages.h"
 
 #include <cstring>
 

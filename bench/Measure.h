@@ -1,19 +1,15 @@
 #pragma once
 
-#include <windows.h>
-
 #include <algorithm>
+#include <chrono>
 #include <functional>
 #include <vector>
 
 /// Nanoseconds since some point in the past.
 inline double Now()
 {
-    LARGE_INTEGER count;
-    LARGE_INTEGER frequency;
-    ::QueryPerformanceCounter(&count);
-    ::QueryPerformanceFrequency(&frequency);
-    return static_cast<double>(count.QuadPart) * 1e9 / static_cast<double>(frequency.QuadPart);
+    const auto time = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::nano>(time).count();
 }
 
 inline double MedianOf(std::vector<double> values)
@@ -37,12 +33,4 @@ inline double MedianTime(int rounds, const std::function<void()>& work, const st
         times.push_back((Now() - start) / batch);
     }
     return MedianOf(times);
-}
-
-/// Handles the messages that wait, so that the next measurement starts from rest.
-inline void Drain()
-{
-    MSG message;
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-        ::DispatchMessageW(&message);
 }

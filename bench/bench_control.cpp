@@ -2,6 +2,7 @@
 
 #include "bench/BenchControl.h"
 #include "bench/Measure.h"
+#include "bench/Messages.h"
 #include "bench/SampleText.h"
 #include "include/scrivctl3.h"
 

@@ -2,6 +2,7 @@
 // bench/run.sh starts it.
 
 #include "bench/Measure.h"
+#include "bench/Messages.h"
 #include "bench/SampleText.h"
 #include "include/scrivctl3.h"
 #include "tests/support/win/MessageBoxes.h"
