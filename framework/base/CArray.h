@@ -77,40 +77,6 @@ public:
         m_size -= count;
     }
 
-    /// Removes `count` records from `at` on and hands them to `to`, which must be another array: they are appended
-    /// there as raw blocks. Nothing is copied and, once `to` has room, nothing can fail.
-    void MoveOut(index at, index count, CArray& to)
-    {
-        CheckRun(at, count);
-        if (&to == this)
-            ThrowInvalidArgException();
-        to.Reserve(to.SizeWith(count));
-        to.MoveGapTo(to.m_size);
-        const index before = GatherAtGap(at, count);
-        TYPE* place = to.m_data + to.m_size;
-        Relocate(place, m_data + m_gap - before, before);
-        Relocate(place + before, BehindGap(), count - before);
-        m_gap -= before;
-        m_size -= count;
-        to.m_size += count;
-        to.m_gap = to.m_size;
-    }
-
-    /// Inserts all records of `from` before `at` and leaves `from` empty: the reverse of MoveOut.
-    void MoveIn(index at, CArray& from)
-    {
-        if (at < 0 || at > m_size || &from == this)
-            ThrowInvalidArgException();
-        const index count = from.m_size;
-        Reserve(SizeWith(count));
-        MoveGapTo(at);
-        Relocate(m_data + at, from.m_data, from.m_gap);
-        Relocate(m_data + at + from.m_gap, from.BehindGap(), count - from.m_gap);
-        m_gap = at + count;
-        m_size += count;
-        from.m_size = from.m_gap = 0;
-    }
-
     void RemoveAll() noexcept
     {
         std::destroy_n(m_data, m_gap);

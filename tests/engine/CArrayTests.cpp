@@ -163,57 +163,12 @@ TEST(CArraySize, ASizeBeyondAllMemoryFindsNone)
     EXPECT_EQ(array.GetSize(), 3);
 }
 
-TEST(CArrayMove, OutAndInAgainGivesTheSame)
-{
-    for (const int gap : {0, 5, 10, 12, 15, 30, 40}) {
-        xTTexts array;
-        Fill(array, 40);
-        const auto before = Contents(array);
-        array.RemoveAt(gap, 0);  // brings the gap there
-        xTTexts taken;
-        array.MoveOut(10, 5, taken);
-        EXPECT_EQ(Contents(taken), std::vector<WString>(before.begin() + 10, before.begin() + 15)) << gap;
-        EXPECT_EQ(array.GetSize(), 35);
-        array.MoveIn(10, taken);
-        EXPECT_TRUE(taken.IsEmpty());
-        EXPECT_EQ(Contents(array), before) << gap;
-    }
-}
-
-TEST(CArrayMove, AppendsToWhatTheOtherHolds)
-{
-    xTTexts from;
-    xTTexts to;
-    Fill(from, 6);
-    to.Add(_T("a"));
-    to.Add(_T("b"));
-    to.RemoveAt(0, 0);
-    from.MoveOut(4, 2, to);
-    EXPECT_EQ(Contents(to), (std::vector<WString>{_T("a"), _T("b"), WString(3, 5), WString(3, 6)}));
-}
-
-TEST(CArrayMove, OntoItselfOrOutsideRaisesInvalidArgument)
-{
-    xTTexts array;
-    xTTexts other;
-    Fill(array, 3);
-    EXPECT_TRUE(RaisesInvalidArgument([&] { array.MoveOut(0, 1, array); }));
-    EXPECT_TRUE(RaisesInvalidArgument([&] { array.MoveIn(0, array); }));
-    EXPECT_TRUE(RaisesInvalidArgument([&] { array.MoveOut(2, 2, other); }));
-    EXPECT_TRUE(RaisesInvalidArgument([&] { array.MoveOut(-1, 1, other); }));
-    EXPECT_TRUE(RaisesInvalidArgument([&] { array.MoveIn(4, other); }));
-    EXPECT_EQ(array.GetSize(), 3);
-    EXPECT_TRUE(other.IsEmpty());
-}
-
-// Random operations on two arrays and on two vectors.
+// Random operations on an array and on a vector.
 class CArrayAgainstAModel : public testing::TestWithParam<unsigned> {
 protected:
     std::mt19937 random{GetParam()};
     xTTexts array;
-    xTTexts other;
     std::vector<WString> model;
-    std::vector<WString> otherModel;
     WCHAR nextMark = 1;
 
     int Number(int from, int to) { return std::uniform_int_distribution(from, to)(random); }
@@ -237,31 +192,12 @@ protected:
         model.erase(model.begin() + at, model.begin() + at + count);
     }
 
-    void MoveOut()
-    {
-        const int at = Place();
-        const int count = std::min(Number(0, 25), static_cast<int>(model.size()) - at);
-        array.MoveOut(at, count, other);
-        otherModel.insert(otherModel.end(), model.begin() + at, model.begin() + at + count);
-        model.erase(model.begin() + at, model.begin() + at + count);
-    }
-
-    void MoveIn()
-    {
-        const int at = Place();
-        array.MoveIn(at, other);
-        model.insert(model.begin() + at, otherModel.begin(), otherModel.end());
-        otherModel.clear();
-    }
-
     void Step()
     {
-        switch (Number(0, 9)) {
+        switch (Number(0, 6)) {
         case 0: case 1: case 2: Insert(); break;
         case 3: case 4: case 5: Remove(); break;
-        case 6: case 7: MoveOut(); break;
-        case 8: MoveIn(); break;
-        case 9: array.Add(CString(nextMark, 3)); model.emplace_back(3, nextMark++); break;
+        case 6: array.Add(CString(nextMark, 3)); model.emplace_back(3, nextMark++); break;
         }
     }
 };
@@ -271,7 +207,6 @@ TEST_P(CArrayAgainstAModel, RandomOperationsGiveTheSame)
     for (int i = 0; i < 2000; ++i) {
         Step();
         ASSERT_EQ(Contents(array), model) << "step " << i;
-        ASSERT_EQ(Contents(other), otherModel) << "step " << i;
         ASSERT_LE(array.GetSize(), array.GetCapacity());
     }
 }
@@ -280,38 +215,32 @@ INSTANTIATE_TEST_SUITE_P(Seeds, CArrayAgainstAModel, testing::Range(1u, 9u));
 
 struct xTArrayChange {
     const char* name;
-    void (*change)(xTTexts& array, xTTexts& other);
+    void (*change)(xTTexts& array);
 };
 void PrintTo(const xTArrayChange& change, std::ostream* stream)
 {
     *stream << change.name;
 }
 constexpr xTArrayChange arrayChanges[] = {
-    {"Add", [](xTTexts& array, xTTexts&) { array.Add(_T("text")); }},
-    {"InsertAt", [](xTTexts& array, xTTexts&) { array.InsertAt(3, 5); }},
-    {"MoveOut", [](xTTexts& array, xTTexts& other) { array.MoveOut(2, 3, other); }},
-    {"MoveIn", [](xTTexts& array, xTTexts& other) { array.MoveIn(2, other); }},
-    {"Reserve", [](xTTexts& array, xTTexts&) { array.Reserve(1000); }},
+    {"Add", [](xTTexts& array) { array.Add(_T("text")); }},
+    {"InsertAt", [](xTTexts& array) { array.InsertAt(3, 5); }},
+    {"Reserve", [](xTTexts& array) { array.Reserve(1000); }},
 };
 
 class CArrayOutOfMemory : public testing::TestWithParam<xTArrayChange> {};
 
-TEST_P(CArrayOutOfMemory, LeavesTheArraysAsTheyWere)
+TEST_P(CArrayOutOfMemory, LeavesTheArrayAsItWas)
 {
     for (int before = 0;; ++before) {
         xTTexts array;
-        xTTexts other;
         Fill(array, 10);
-        Fill(other, 4);
         const auto contents = Contents(array);
-        const auto otherContents = Contents(other);
-        const int failures = FailuresIn([&] { GetParam().change(array, other); }, before);
+        const int failures = FailuresIn([&] { GetParam().change(array); }, before);
         if (failures == 0) {
             EXPECT_GT(before, 0) << "nothing was allocated";
             break;
         }
         ASSERT_EQ(Contents(array), contents);
-        ASSERT_EQ(Contents(other), otherContents);
         ASSERT_EQ(array.GetCapacity(), 10);
     }
 }
