@@ -435,6 +435,25 @@ TEST_F(Settings, EachByteMayHaveEachValue)
     }
 }
 
+TEST_F(Settings, CountAndFaceLengthMayBeAnything)
+{
+    constexpr std::uint32_t counts[] = {0, 1, 17, 18, 19, 29, 30, 31, 32, 255, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
+    constexpr std::uint32_t lengths[] = {0, 1, 10, 11, 12, 31, 32, 33, 1000, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
+    const auto golden = xTSettingsBytes::Golden().bytes();
+    for (const std::uint32_t count : counts) {
+        for (const std::uint32_t length : lengths) {
+            auto bytes = golden;
+            // Where the face begins if the count is believed, and where it begins in truth.
+            for (const std::uint64_t place : {9 + std::uint64_t{count} * 11 + 28, std::uint64_t{9 + 18 * 11 + 28}})
+                for (unsigned i = 0; i < 4 && place + i < bytes.size(); ++i)
+                    bytes[place + i] = static_cast<std::uint8_t>(length >> 8 * i);
+            for (unsigned i = 0; i < 4; ++i)
+                bytes[4 + i] = static_cast<std::uint8_t>(count >> 8 * i);
+            ASSERT_NO_FATAL_FAILURE(ExpectSafe(bytes)) << count << " entries, a face of " << length;
+        }
+    }
+}
+
 TEST_F(Settings, TheBlockMayEndAnywhere)
 {
     const auto golden = xTSettingsBytes::Golden().bytes();
