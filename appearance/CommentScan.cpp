@@ -51,6 +51,20 @@ bool ScanLine(xTExtString& line, bool inside)
     return false;
 }
 
+// What a scan may change of a line, shared with it and not copied.
+class xTMarksOfLine {
+public:
+    explicit xTMarksOfLine(const xTExtString& line) : m_words(line.m_attrs), m_flags(line.m_flags) {}
+    [[nodiscard]] bool AreThoseOf(const xTExtString& line) const
+    {
+        return m_flags == line.m_flags && (m_words.SharesBufferWith(line.m_attrs) || m_words.view() == line.m_attrs.view());
+    }
+
+private:
+    CString m_words;
+    std::uint16_t m_flags;
+};
+
 }  // namespace
 
 void xTMemStorage::rescan_comments()
@@ -58,16 +72,17 @@ void xTMemStorage::rescan_comments()
     Guarded([&] {
         if (comments_valid)
             return;
+        bool othersChanged = true;
         try {
             if (stale.IsWholeText(line_count()))
                 scan_from_top();
             else
-                scan_changed(stale.Ranges());
+                othersChanged = scan_changed(stale.Ranges());
         } catch (...) {
             stale = {};  // lines behind the changed ones may have been marked: the next scan is one of the whole text
             throw;
         }
-        finish_rescan();
+        finish_rescan(othersChanged);
     });
 }
 
@@ -87,11 +102,22 @@ void xTMemStorage::scan_from_top()
 }
 
 // Gives the marks of a scan from the top, but looks at the changed lines alone and at those behind them that begin
-// otherwise than they did.
-void xTMemStorage::scan_changed(std::span<const xTLineRange> changed)
+// otherwise than they did. Returns false when only one line had changed and no other has got other marks.
+bool xTMemStorage::scan_changed(std::span<const xTLineRange> changed)
 {
+    const bool oneLine = changed.size() == 1 && changed[0].first == changed[0].last;
+    bool othersChanged = !oneLine;
     std::int32_t line = -1;  // the lines before it match the text
     bool inside = false;
+    const auto scan = [&] {
+        if (othersChanged || line == changed[0].first) {
+            inside = ScanLine(lines[line], inside);
+        } else {
+            const xTMarksOfLine before(lines[line]);
+            inside = ScanLine(lines[line], inside);
+            othersChanged = !before.AreThoseOf(lines[line]);
+        }
+    };
     for (const xTLineRange& range : changed) {
         if (range.first > line) {
             line = range.first;
@@ -101,17 +127,18 @@ void xTMemStorage::scan_changed(std::span<const xTLineRange> changed)
                 inside = lines[--line].m_beganInside;
         }
         for (; line < line_count() && (line <= range.last || lines[line].m_beganInside != inside); ++line)
-            inside = ScanLine(lines[line], inside);
+            scan();
     }
+    return othersChanged;
 }
 
-// The marks match the text: the window shows them now. Nothing of the store is touched behind the call, which may run
-// a handler of the host.
-void xTMemStorage::finish_rescan()
+// The marks match the text: the window shows them now. A single changed line is shown by who changed it, as one without
+// any comment is. Nothing of the store is touched behind the call, which may run a handler of the host.
+void xTMemStorage::finish_rescan(bool show)
 {
     comments_valid = true;
     stale.Clear(line_count());
-    if (xTStoreWindow* const window = wnd) {
+    if (xTStoreWindow* const window = show ? wnd : nullptr) {
         window->Invalidate();
         window->UpdateNow();
     }

@@ -61,7 +61,7 @@ bool xTMemStorage::load_text(const WCHAR* text, std::int32_t length)
         if (facts.hasStar)
             rescan_comments();
         else
-            finish_rescan();  // new lines hold no marks, and without a star there is no comment to find
+            finish_rescan(true);  // new lines hold no marks, and without a star there is no comment to find
         return true;
     });
 }

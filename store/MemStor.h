@@ -228,8 +228,8 @@ private:
     template <typename Change>
     void change_block(Change change);
     void scan_from_top();
-    void scan_changed(std::span<const xTLineRange> changed);
-    void finish_rescan();
+    bool scan_changed(std::span<const xTLineRange> changed);
+    void finish_rescan(bool show);
     void split_pages(const xTPrintSetup& setup, xTPrintJob& job) const;
     [[nodiscard]] xTPos closing_behind(xTPos at) const;
     void mark_range(const xTPos& start, const xTPos& behind);

@@ -101,6 +101,21 @@ TEST_F(Rescan, ACommentOpenedAtTheTopTurnsTheTextAndItsUndoTurnsItBack)
     ExpectRight();
 }
 
+TEST_F(Rescan, AChangeThatLeavesTheMarksOfAllOtherLinesRepaintsNoneOfThem)
+{
+    Load(_T("a /*b*/ c\n") + Many(50));
+    constexpr int atEnd = 1000;
+    using xTCase = std::tuple<int, const char*, bool>;
+    for (const auto& [col, text, repaints] : {xTCase{0, "x", false}, xTCase{0, "*", false}, xTCase{5, "y", false},
+                                              xTCase{0, "/*", false}, xTCase{atEnd, "/*", true}}) {
+        store.set_caret({0, col});
+        const int before = window.invalidated;
+        type(text);
+        EXPECT_EQ(window.invalidated > before, repaints) << text;
+        ExpectRight();
+    }
+}
+
 TEST_F(Rescan, AnOpenCommentIsClosedInTheMiddle)
 {
     Load(_T("/*") + Many(50));
