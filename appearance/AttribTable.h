@@ -105,6 +105,8 @@ private:
     void DrawRuns(const xTExtString& str, std::span<const std::uint32_t> words, POINT pos, CWnd* wnd, CDC* dc,
                   xTKnown& known);
 
+    [[nodiscard]] RECT VisibleArea(CDC* dc) const noexcept;
+
     struct xTHit {
         std::int32_t* outCol;
         const int* targetX;

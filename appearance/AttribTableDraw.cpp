@@ -139,6 +139,7 @@ void xTAttribTable::DrawRuns(const xTExtString& str, std::span<const std::uint32
 {
     const WStrView text = str.m_text;
     const auto count = static_cast<std::int32_t>(words.size());
+    const RECT visible = VisibleArea(dc);
     std::int32_t i = 0;
     while (i < count) {
         if (i == 0 || (m_lastAttr != words[i] && m_lastAttr != 0))
@@ -152,11 +153,26 @@ void xTAttribTable::DrawRuns(const xTExtString& str, std::span<const std::uint32
             // The gap before a selection is painted in the background of the tabs; the selected text that follows
             // paints over the surplus.
             dc->TextOut(pos.x, pos.y, Spaces(std::int64_t{i - first} * LayoutTabSize() + 1));
-        } else {
-            DrawRunText(run, pos, dc);
+            pos.x += RunWidth(run, dc, known);
+            continue;
         }
-        pos.x += RunWidth(run, dc, known);
+        const LONG width = RunWidth(run, dc, known);
+        // Slanted characters lean out of their run.
+        if (pos.x + width + m_charWidth >= visible.left && pos.x - m_charWidth < visible.right)
+            DrawRunText(run, pos, dc);
+        pos.x += width;
     }
+}
+
+// On the control's own context a paint is clipped to what needs it, and the runs outside need no drawing: most of a
+// drawing call is what no clipping saves.
+RECT xTAttribTable::VisibleArea(CDC* dc) const noexcept
+{
+    constexpr LONG limit = std::numeric_limits<LONG>::max() / 2;
+    RECT area{};
+    if (dc != m_dc || dc->m_hDC != dc->m_hAttribDC || ::GetClipBox(dc->m_hDC, &area) == ERROR)
+        return {-limit, -limit, limit, limit};
+    return area;
 }
 
 void xTAttribTable::DrawRun(WStrView run, POINT& pos, CDC* dc) const

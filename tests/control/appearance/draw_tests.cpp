@@ -40,6 +40,38 @@ TEST_F(Draw, TwoWordsOfOneColourAreTwoRuns)
     EXPECT_EQ(Drawn(Line(L"ny"), {0, 0}, letters.hook()), (Calls{{L"n", 0, 0}, {L"y", W(), 0}}));
 }
 
+TEST_F(Draw, APartOfALineLooksAsItDoesInTheWholeLine)
+{
+    SetTheme(2);
+    for (const std::uint32_t flag : {ATTR_KEYWORD, ATTR_NUMBER, ATTR_STRING})
+        table->m_italic[table->FindEntry(flag)] = true;
+    const xTExtString line = Line(L"kkk\tnn kq sss\t\tiii Жkk uuu nnkk");
+    const auto paint = [&](int left, int right) {
+        canvas.Fill(0xFFFFFF);
+        const RECT part{left, 0, right, Canvas::height};
+        const xTClip clip(canvas.dc.m_hDC, part);
+        Show(line, {-30, 0}, letters.hook());
+    };
+    const auto pixels = [&] {
+        std::vector<COLORREF> all;
+        for (int y = 0; y < table->m_charHeight; ++y)
+            for (int x = 0; x < Canvas::width; ++x)
+                all.push_back(canvas.At(x, y));
+        return all;
+    };
+    paint(0, Canvas::width);
+    const std::vector<COLORREF> whole = pixels();
+    for (int left = 0; left < 400; left += 7) {
+        const int right = left + 1 + left % 50;
+        paint(left, right);
+        const std::vector<COLORREF> part = pixels();
+        for (std::size_t i = 0; i < whole.size(); ++i) {
+            const int x = static_cast<int>(i % Canvas::width);
+            ASSERT_EQ(part[i], x >= left && x < right ? whole[i] : 0xFFFFFFu) << "from " << left << " at " << x;
+        }
+    }
+}
+
 TEST_F(Draw, AnEmptyLineShowsNoBandAtAll)
 {
     xTExtString line;
