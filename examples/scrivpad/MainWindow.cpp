@@ -37,7 +37,7 @@ MainWindow::MainWindow(UINT32 theme, const std::wstring& settingsFile)
 {
     if (theme == 0)
         m_appearance.Load();
-    RegisterMainClass(WindowProc);
+    RegisterMainClass(WindowObject::Procedure<MainWindow>);
     const UINT dpi = ::GetDpiForSystem();
     const HMENU menu = BuildMenu();
     // The procedure finds `this` through the creation data and stores the handle in m_window. A file dropped on a text
@@ -71,24 +71,6 @@ void MainWindow::Show(int showCommand)
 {
     ::ShowWindow(m_window, showCommand);
     ::UpdateWindow(m_window);
-}
-
-LRESULT CALLBACK MainWindow::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
-{
-    if (message == WM_NCCREATE) {
-        auto* const created = static_cast<MainWindow*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-        created->m_window = window;
-        ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
-    }
-    auto* const self = reinterpret_cast<MainWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (self == nullptr)
-        return ::DefWindowProcW(window, message, wParam, lParam);
-    // No exception may go through the system's code.
-    try {
-        return self->OnMessage(message, wParam, lParam);
-    } catch (...) {
-        return 0;
-    }
 }
 
 LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)

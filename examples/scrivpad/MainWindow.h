@@ -6,6 +6,7 @@
 #include "SettingsDialog.h"
 #include "Splitter.h"
 #include "StatusBar.h"
+#include "WindowObject.h"
 
 #include <windows.h>
 
@@ -52,7 +53,7 @@ public:
     void RefreshStatus();
 
 private:
-    static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    friend struct WindowObject;
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnCreate();

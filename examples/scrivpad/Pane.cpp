@@ -26,7 +26,7 @@ void RegisterPaneClass(WNDPROC proc) noexcept
 
 Pane::Pane(HWND parent, PaneHost& host, Appearance& appearance) : m_host(host), m_appearance(appearance)
 {
-    RegisterPaneClass(WindowProc);
+    RegisterPaneClass(WindowObject::Procedure<Pane>);
     // The procedure finds `this` through the creation data and stores the handle in m_window.
     ::CreateWindowExW(0, className, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 0, 0, parent, nullptr,
                       ::GetModuleHandleW(nullptr), this);
@@ -40,24 +40,6 @@ Pane::~Pane()
     m_editor.Destroy();  // while its parent still lives: the library wants to end its controls itself
     if (m_window != nullptr)
         ::DestroyWindow(m_window);
-}
-
-LRESULT CALLBACK Pane::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
-{
-    if (message == WM_NCCREATE) {
-        auto* const created = static_cast<Pane*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-        created->m_window = window;
-        ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
-    }
-    auto* const self = reinterpret_cast<Pane*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (self == nullptr)
-        return ::DefWindowProcW(window, message, wParam, lParam);
-    // No exception may go through the system's code.
-    try {
-        return self->OnMessage(message, wParam, lParam);
-    } catch (...) {
-        return 0;
-    }
 }
 
 LRESULT Pane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)

@@ -4,6 +4,7 @@
 #include "Document.h"
 #include "Editor.h"
 #include "PaneHost.h"
+#include "WindowObject.h"
 
 #include <windows.h>
 
@@ -56,7 +57,7 @@ public:
     void ClearExecPoint();
 
 private:
-    static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    friend struct WindowObject;
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnSize() const noexcept;
     void OnEditorChanged(bool textChanged, bool focusLost);

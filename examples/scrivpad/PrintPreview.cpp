@@ -97,7 +97,7 @@ PrintPreview::~PrintPreview()
 
 void PrintPreview::Open(const std::wstring& title)
 {
-    RegisterPreviewClass(WindowProc);
+    RegisterPreviewClass(WindowObject::Procedure<PrintPreview>);
     const auto dpi = static_cast<int>(::GetDpiForSystem());
     const std::wstring caption = title + L" \x2013 просмотр печати";
     ::CreateWindowExW(0, className, caption.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
@@ -109,24 +109,6 @@ void PrintPreview::Open(const std::wstring& title)
     ::EnableWindow(m_owner, FALSE);
     ::ShowWindow(m_window, SW_SHOW);
     ::SetFocus(m_window);
-}
-
-LRESULT CALLBACK PrintPreview::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
-{
-    if (message == WM_NCCREATE) {
-        auto* const created = static_cast<PrintPreview*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-        created->m_window = window;
-        ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
-    }
-    auto* const self = reinterpret_cast<PrintPreview*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (self == nullptr)
-        return ::DefWindowProcW(window, message, wParam, lParam);
-    // No exception may go through the system's code.
-    try {
-        return self->OnMessage(message, wParam, lParam);
-    } catch (...) {
-        return 0;
-    }
 }
 
 LRESULT PrintPreview::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)

@@ -3,6 +3,7 @@
 #include "PageSetup.h"
 #include "Printing.h"
 #include "SheetPicture.h"
+#include "WindowObject.h"
 
 #include <optional>
 #include <string>
@@ -38,7 +39,7 @@ public:
     void ShowPage(int page);
 
 private:
-    static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    friend struct WindowObject;
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(unsigned command);
     void OnKey(WPARAM key);
