@@ -36,6 +36,27 @@ TEST_F(Blocks, IndentWithoutWidthAddsNothing)
     EXPECT_EQ(line(0), "ab");
 }
 
+TEST_F(Blocks, WithoutSettingsATabIsKept)
+{
+    given("[ab]|");
+    store.attribs = nullptr;
+    store.indent_block();
+    EXPECT_EQ(line(0), "\\x0009ab");
+}
+
+TEST_F(Blocks, WithoutAWindowTheTextChangesAllTheSame)
+{
+    given("[ab]|");
+    store.wnd = nullptr;
+    store.indent_block();
+    EXPECT_EQ(line(0), "    ab");
+    store.change_case(true, {0, 0}, {0, 4});
+    EXPECT_EQ(line(0), "    Ab");
+    store.switch_layout({0, 4}, {0, 4});
+    EXPECT_EQ(line(0), "    " + Shown(_T("\x0424")) + "b");
+    EXPECT_EQ(window.changes, 0);
+}
+
 TEST_F(Blocks, IndentOfOneEmptyLineSelectsTheBlanks)
 {
     given("\nx");

@@ -21,14 +21,26 @@ const StepCase stepCases[] = {
     {"WordLeftToAnEmptyLine", WordLeft, false, "a\n\n|b", "a\n|\nb"},
     {"WordLeftWithinASelection", WordLeft, true, "[one two| x]", "[one ]|two x"},
     {"WordLeftFromTheFirst", WordLeft, true, "one |[two]", "|[one two]"},
+    {"WordLeftStartsASelection", WordLeft, true, "one two|", "one |[two]"},
+    {"WordLeftLeavesASelectionToItsFirst", WordLeft, false, "a [bc d]|e", "a |bc de"},
     {"WordRightOverSymbols", WordRight, false, "|==x", "==|x"},
     {"WordRightBelowTheLastLine", WordRight, false, "ab|", "ab|"},
     {"WordRightWithinASelection", WordRight, true, "[a |b c]d", "a b |[c]d"},
     {"WordRightFromTheFirst", WordRight, true, "|[one two]", "one |[two]"},
+    {"WordRightStartsASelection", WordRight, true, "|one two", "[one ]|two"},
+    {"WordRightFromBehindTheLastGrows", WordRight, true, "[one ]|two", "[one two]|"},
+    {"WordRightAcrossALineEnd", WordRight, false, "ab|\ncd", "ab\n|cd"},
+    {"WordRightLeavesASelectionToItsLast", WordRight, false, "[one]| two", "on|e two"},
     {"HomeWithinASelectionClearsIt", HomeStep, true, "[a |b c]d", "|a b cd"},
     {"HomeFromTheFirst", HomeStep, true, "ab |[c]d", "|[ab c]d"},
+    {"HomeStartsASelection", HomeStep, true, "  abc|d", "  |[abc]d"},
+    {"HomeFromBehindTheLastTurnsTheSelectionOver", HomeStep, true, "ab[cd]|ef", "|[ab]cdef"},
+    {"HomeFromBehindTheLastOverLinesShrinks", HomeStep, true, "a[b\n  cd]|e", "a[b\n  ]|cde"},
+    {"HomeWithoutShiftClears", HomeStep, false, "  [ab]|c", "  |abc"},
     {"EndWithinASelectionClearsIt", EndStep, true, "[a |b c]d", "a b cd|"},
     {"EndFromTheLast", EndStep, true, "a[b]|cd", "a[bcd]|"},
+    {"EndStartsASelection", EndStep, true, "a|bcd\ne", "a[bcd]|\ne"},
+    {"EndWithoutShiftClears", EndStep, false, "a[b]|cd", "abcd|"},
     {"EndFromTheFirstOverLines", EndStep, true, "a|[b\nc]d", "ab|[\nc]d"},
 };
 
@@ -77,6 +89,13 @@ TEST_F(PageSteps, WithoutShiftTheSelectionGoes)
     given("a[b]|\ncd");
     page(down, 1, false);
     EXPECT_EQ(marked(), "ab\\ncd|");
+}
+
+TEST_F(PageSteps, WithShiftASelectionStartsAtTheCaret)
+{
+    given("a|b\ncd");
+    page(down, 1, true);
+    EXPECT_EQ(marked(), "a[b\\nc]|d");
 }
 
 TEST_F(PageSteps, DownFromBehindTheFirstGrowsAtTheEnd)

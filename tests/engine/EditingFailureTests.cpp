@@ -201,6 +201,16 @@ TEST_F(Failures, ARejoinWithoutANextLineIsReportedOnce)
     EXPECT_NE(log.Bytes().find("MemStorOpers.cpp"), std::string::npos) << log.Bytes();
 }
 
+TEST_F(Failures, EnterFromBehindTheEndOfALineChangesNothingAndIsNoFault)
+{
+    given("  ab\ncd");
+    store.set_caret_raw({0, 9});
+    type("\n");
+    EXPECT_EQ(marked().find("  ab"), 0u);
+    EXPECT_EQ(line(1), "cd");
+    EXPECT_TRUE(log.Records().empty()) << log.Bytes();
+}
+
 TEST_F(Failures, AHeldClipboardIsReported)
 {
     given("|");

@@ -1,5 +1,9 @@
 #include "tests/support/EditingFixture.h"
 
+#include <functional>
+#include <set>
+#include <vector>
+
 namespace {
 
 class Operations : public xTEditingFixture {
@@ -445,6 +449,76 @@ TEST_F(Operations, AKindBeyondTheLastDoesNothing)
     xTOperation operation(xTOperation::xTLayout{}, &window, &store);
     operation.kind = 17;
     EXPECT_FALSE(operation.apply());
+    operation.undo();
+    operation.redo();
+    EXPECT_EQ(line(0), "ab");
+}
+
+TEST_F(Operations, AReplacementWithoutAPlaceIsNeitherUndoneNorRedone)
+{
+    given("[ab]|");
+    xTOperation operation(xTSearchRequest{S("ab"), S("x"), xTSearchRequest::replace}, &window, &store);
+    operation.pos = xTPos::none;
+    operation.undo();
+    operation.redo();
+    EXPECT_EQ(marked(), "[ab]|") << "the selection stays too";
+    EXPECT_EQ(window.ensured, 0);
+}
+
+using xTAction = std::function<void(xTMemStorage&, xTOperStack&)>;
+
+const CString movedText(_T("ab\nc"));
+const xTSearchRequest longer{CString(_T("c")), CString(_T("zz")), xTSearchRequest::replaceAll};
+
+const xTAction oneOfEachKind[] = {
+    [](auto&, auto& stack) { stack.add_char(13, false); },
+    [](auto&, auto& stack) { stack.add_char(8, false); },
+    [](auto&, auto& stack) { stack.add_char('e', false); },
+    [](auto&, auto& stack) { stack.add_char('f', true); },
+    [](auto&, auto& stack) { stack.add_key(xTOperation::pasteCode); },
+    [](auto&, auto& stack) { stack.add_key(46); },
+    [](auto&, auto& stack) { stack.add_block(movedText, {1, 0}, {1, 1}, true); },
+    [](auto&, auto& stack) { stack.add_delete({0, 1}, {0, 2}); },
+    [](auto& store, auto&) { store.select_range({0, 0}, {1, 2}); },
+    [](auto&, auto& stack) { stack.add_case(true); },
+    [](auto&, auto& stack) { stack.add_layout(); },
+    [](auto&, auto& stack) { stack.add_indent(false); },
+    [](auto&, auto& stack) { stack.add_indent(true); },
+    [](auto&, auto& stack) { stack.add_comment(0); },
+    [](auto&, auto& stack) { stack.add_comment(1); },
+    [](auto& store, auto&) { store.set_caret({0, 0}); },
+    [](auto&, auto& stack) { stack.add_replace(longer); },
+};
+
+// What the lines hold while the actions are done, undone and done again.
+std::vector<std::string> TextsOnTheWay(xTStoreWindow* window, xTMemStorage& store)
+{
+    xTOperStack stack(window, &store);
+    std::vector<std::string> texts;
+    const auto note = [&] {
+        std::string& text = texts.emplace_back();
+        for (std::int32_t i = 0; i < store.line_count(); ++i)
+            text += Shown(store.lines[i].m_text) + "\n";
+    };
+    for (const xTAction& action : oneOfEachKind) {
+        action(store, stack);
+        note();
+    }
+    while (stack.undo())
+        note();
+    while (stack.redo())
+        note();
+    return texts;
+}
+
+TEST_F(Operations, AStackWithoutAWindowBringsAboutTheSameTexts)
+{
+    copy("x\ny");
+    given("  ab|  cd\nef cc gh\nij");
+    const std::vector<std::string> shown = TextsOnTheWay(&window, store);
+    given("  ab|  cd\nef cc gh\nij");
+    EXPECT_EQ(TextsOnTheWay(nullptr, store), shown);
+    EXPECT_GT(std::set<std::string>(shown.begin(), shown.end()).size(), 12u) << "the steps change something";
 }
 
 TEST_F(Operations, WithoutAStoreEveryKindIsNone)
@@ -635,6 +709,17 @@ TEST_F(Stack, ACopyIsDeepAndHoldsWhatItIsToldTo)
     EXPECT_EQ(assigned.redoList.size(), 1u);
     assigned = *&assigned;
     EXPECT_EQ(assigned.redoList.size(), 1u);
+}
+
+TEST_F(Stack, ACopyHoldsTheNewestStepsThatTheCapacityAllows)
+{
+    given("|");
+    type("abc");
+    stack.capacity = 2;
+    const xTOperStack copy(stack);
+    ASSERT_EQ(copy.undoList.size(), 2u);
+    EXPECT_EQ(copy.undoList.front().pos, xTPos(0, 2));
+    EXPECT_EQ(copy.undoList.back().pos, xTPos(0, 1));
 }
 
 TEST_F(Stack, WithoutAStoreNothingIsKept)

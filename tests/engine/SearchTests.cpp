@@ -223,6 +223,34 @@ TEST_F(Search, ReplaceAsksTheHostBeforeItGoesOnFromTheTop)
     EXPECT_EQ(NativePlatform().boxCount, 0);
 }
 
+TEST_F(Search, ReplaceShowsNoMatchInAControlThatItsHostDestroyedWhenAsked)
+{
+    given("ab x\n[ab]|");
+    window.goesWhenAsked = true;
+    stack.add_replace(request("ab", "y", xTSearchRequest::replace));
+    EXPECT_EQ(window.questions, 1);
+    EXPECT_EQ(window.moved, 0);
+    EXPECT_EQ(line(0), "ab x");
+    EXPECT_EQ(line(1), "y");
+    EXPECT_EQ(store.caret, xTPos(1, 1));
+}
+
+TEST_F(Search, ReplaceWithoutAWindowSelectsTheNextMatchButGoesNoFurtherThanTheEnd)
+{
+    given("|x ab\nab");
+    store.wnd = nullptr;
+    xTPos pos;
+    CString what = S("ab");
+    store.replace_and_next(pos, what, S("y"), false, true);
+    EXPECT_EQ(store.first(), xTPos(0, 2));
+    EXPECT_EQ(store.caret, xTPos(0, 4));
+    store.clear_selection();
+    store.set_caret({1, 2});
+    store.replace_and_next(pos, what, S("y"), false, true);
+    EXPECT_FALSE(store.has_selection()) << "there is nobody to ask";
+    EXPECT_EQ(store.caret, xTPos(1, 2));
+}
+
 TEST_F(Search, ReplaceSearchesDownWhateverTheDirection)
 {
     given("ab\n[ab]|\nab");

@@ -54,6 +54,30 @@ TEST_F(StoreFailure, CopyThatFailsOtherwiseIsReportedWithoutAText)
     EXPECT_EQ(LastRecord(), "MyStr.cpp error: ... in xTExtString::copy_data().");
 }
 
+// An exception of the framework's family that has nothing to say.
+class xTSilentException final : public CException {
+public:
+    xTSilentException() noexcept : CException({}) {}
+};
+
+TEST_F(StoreFailure, CopyThatFailsWithoutAMessageIsReportedAllTheSame)
+{
+    WhileInFlight([] { throw new xTSilentException; }, [] { xTExtString::ReportCopyFailure(); });
+    EXPECT_EQ(LastRecord(), "MyStr.cpp error: CException*() in xTExtString::copy_data().");
+}
+
+// The report itself then finds no memory for its text; a record is written none the less.
+TEST_F(StoreFailure, FailuresThatFindNoMemoryForTheirTextAreReportedWithoutOne)
+{
+    WhileInFlight([] { ThrowInvalidArgException(); },
+                  [] { EXPECT_EQ(FailuresIn([] { xTExtString::ReportCopyFailure(); }, 0), 1); });
+    ASSERT_EQ(log.Records().size(), 1u);
+    EXPECT_EQ(LastRecord(), "MyStr.cpp unknown error.");
+    EXPECT_EQ(FailuresIn([] { xTExtString::ReportReadFailure(3, 17); }, 0), 1);
+    ASSERT_EQ(log.Records().size(), 2u);
+    EXPECT_EQ(LastRecord(), "MyStr.cpp unknown error.");
+}
+
 TEST_F(StoreFailure, ReadThatFailsIsReportedWithIndexAndLength)
 {
     xTExtString::ReportReadFailure(-3, 17);
@@ -192,6 +216,29 @@ TEST_F(StoreFailure, LoadThatRunsOutOfMemoryAnywhereLeavesWholeLines)
         EXPECT_GE(before, 2);  // the array and a marked line at the least
     }
     EXPECT_FALSE(log.Records().empty());
+}
+
+TEST_F(StoreFailure, LoadWhoseTabsWouldPassThousandMillionCharactersIsRefused)
+{
+    tabs.m_keepTabs = false;
+    tabs.m_tabSize = xTTabSettings::widestTab;
+    const WString text((std::size_t{1} << 30) / xTTabSettings::widestTab + 1, _T('\t'));
+    EXPECT_FALSE(store.load_text(text.c_str(), static_cast<std::int32_t>(text.size())));
+    EXPECT_EQ(store.line_count(), 0);
+    EXPECT_EQ(log.Records().size(), 1u);
+}
+
+// The lines share their characters, so the text costs next to nothing until somebody wants to have it in one piece.
+TEST_F(StoreFailure, TextOfHalfAThousandMillionCharactersIsNotReadInOnePiece)
+{
+    const xTExtString wide(CString(_T('x'), 1 << 20));
+    constexpr std::int32_t count = 512;
+    for (std::int32_t i = 0; i < count; ++i)
+        *store.lines.InsertAt(i) = wide;
+    xTPos end = store.end_pos();
+    CString text(_T("old"));
+    EXPECT_EQ(store.get_text({0, 0}, end, text), 0);
+    EXPECT_EQ(log.Records().size(), 1u);
 }
 
 TEST_F(StoreFailure, LoadWithTabsThatRunsOutOfMemoryFails)

@@ -94,10 +94,11 @@ TEST(WideScan, PairSearchEqualsThePlainOne)
     }
 }
 
-TEST(WideScan, SearchOfBothEndsEqualsThePlainOne)
+class WideScanEnds : public testing::TestWithParam<std::pair<WStrView, WStrView>> {};
+
+TEST_P(WideScanEnds, SearchOfBothEqualsThePlainOne)
 {
-    constexpr WCHAR firsts[] = {_T('/'), _T('\n')};
-    constexpr WCHAR lasts[] = {_T('*'), _T('a')};
+    const auto [firsts, lasts] = GetParam();
     std::mt19937 random(7);
     for (std::size_t round = 0; round < 5000; ++round) {
         const WString text = RandomText(random, 70);
@@ -105,14 +106,20 @@ TEST(WideScan, SearchOfBothEndsEqualsThePlainOne)
         const std::size_t distance = random() % 20;
         std::size_t expected = text.size();
         for (std::size_t i = text.size(); i-- > from;) {
-            if (i + distance < text.size() && WStrView(firsts, 2).find(text[i]) != WStrView::npos &&
-                WStrView(lasts, 2).find(text[i + distance]) != WStrView::npos)
+            if (i + distance < text.size() && firsts.find(text[i]) != WStrView::npos &&
+                lasts.find(text[i + distance]) != WStrView::npos)
                 expected = i;
         }
         const xTExactText exact(text, round % 9);
         ASSERT_EQ(FindEnds({exact.c_str(), text.size()}, firsts, lasts, distance, from), expected);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(OneToFourUnits, WideScanEnds,
+                         testing::Values(std::pair(WStrView(_T("/")), WStrView(_T("*"))),
+                                         std::pair(WStrView(_T("/\n")), WStrView(_T("*a"))),
+                                         std::pair(WStrView(_T("/\n\xFFFF")), WStrView(_T("*"))),
+                                         std::pair(WStrView(_T("/")), WStrView(_T("*/\t\n")))));
 
 TEST(WideScan, UnitQuestionsHoldAtEveryPlace)
 {

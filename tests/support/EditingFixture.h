@@ -19,6 +19,7 @@ public:
     xTMemStorage* store = nullptr;
     bool hasHandle = true;
     bool confirmsWrap = true;
+    bool goesWhenAsked = false;  ///< the host destroys the control when it is asked
     int invalidated = 0;
     int caretLines = 0;
     int updated = 0;
@@ -43,6 +44,7 @@ public:
     bool ConfirmWrap() override
     {
         ++questions;
+        hasHandle = hasHandle && !goesWhenAsked;
         return confirmsWrap;
     }
 };
