@@ -1,6 +1,7 @@
 #include "editing/TextFinder.h"
 
 #include "framework/base/Platform.h"
+#include "store/LineScan.h"
 #include "store/MemStor.h"
 #include "store/WideScan.h"
 
@@ -71,7 +72,7 @@ xTTextFinder::xTVariants xTTextFinder::VariantsOf(WCHAR unit, bool match_case) n
 // The next column where the text may begin; the length of the line when there is none.
 std::size_t xTTextFinder::NextCandidate(WStrView line, std::size_t from) const noexcept
 {
-    if (!m_firsts.AreKnown() || !m_lasts.AreKnown())
+    if (!KnowsEnds())
         return from + m_what.view().size() <= line.size() ? from : line.size();
     return FindEnds(line, m_firsts.view(), m_lasts.view(), m_what.view().size() - 1, from);
 }
@@ -108,6 +109,16 @@ bool xTTextFinder::Accepts(WStrView line, std::int32_t hit) const noexcept
            (behind >= line.size() || !xTExtString::IsWordChar(line[behind]));
 }
 
+// The first line from `line` on that may hold the text, or `stop`; `line` itself where there is nothing to pass over.
+std::int32_t xTTextFinder::PassOver(const xTMemStorage& store, std::int32_t line, std::int32_t stop, bool down) const
+{
+    const std::int32_t count = store.line_count();
+    const std::int32_t end = std::clamp(stop, -1, count);
+    if (line < 0 || line >= count || (down ? end <= line : end >= line) || m_what.IsEmpty() || !KnowsEnds())
+        return line;
+    return NextLineWithEnds(store.lines, line, end, m_firsts.view(), m_lasts.view(), m_what.view().size() - 1);
+}
+
 xTPos xTTextFinder::Search(const xTMemStorage& store, bool down, bool from_caret, bool* wrapped) const
 {
     const xTPos start = store.caret;
@@ -120,7 +131,7 @@ xTPos xTTextFinder::Search(const xTMemStorage& store, bool down, bool from_caret
         // Upwards too the search runs to the right within a line: required.
         if (const std::int32_t hit = FindIn(text, col); hit < 0) {
             col = 0;
-            line += down ? 1 : -1;
+            line = PassOver(store, line + (down ? 1 : -1), passed ? start.line : down ? count : -1, down);
         } else if (Accepts(text, hit)) {
             return {line, hit};
         } else {

@@ -41,7 +41,10 @@ private:
     };
 
     [[nodiscard]] static xTVariants VariantsOf(WCHAR unit, bool match_case) noexcept;
+    [[nodiscard]] bool KnowsEnds() const noexcept { return m_firsts.AreKnown() && m_lasts.AreKnown(); }
     [[nodiscard]] std::size_t NextCandidate(WStrView line, std::size_t from) const noexcept;
+    [[nodiscard]] std::int32_t PassOver(const xTMemStorage& store, std::int32_t line, std::int32_t stop,
+                                        bool down) const;
     [[nodiscard]] bool MatchesAt(const WCHAR* place) const noexcept;
 
     CString m_what;  // in lower case where case does not matter

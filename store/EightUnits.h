@@ -1,0 +1,81 @@
+#pragma once
+
+#include "framework/base/WinTypes.h"
+
+#include <array>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+// Eight places of a text at once, for short texts: a block of sixteen would look at many places of them twice. An
+// answer stays in a register until it is asked for, so that the questions about a whole line cost one branch.
+
+inline constexpr std::size_t eightUnits = 8;
+
+#ifdef __SSE2__
+
+/// Of each of eight places, whether it has what is looked for.
+struct xTEightHits {
+    __m128i hits = _mm_setzero_si128();
+
+    [[nodiscard]] bool Any() const noexcept { return _mm_movemask_epi8(hits) != 0; }
+    friend xTEightHits operator&(xTEightHits a, xTEightHits b) noexcept { return {_mm_and_si128(a.hits, b.hits)}; }
+    friend xTEightHits operator|(xTEightHits a, xTEightHits b) noexcept { return {_mm_or_si128(a.hits, b.hits)}; }
+};
+
+inline xTEightHits EightEqual(const WCHAR* at, WCHAR ch) noexcept
+{
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    return {_mm_cmpeq_epi16(units, _mm_set1_epi16(static_cast<short>(ch)))};
+}
+
+#else
+
+/// Of each of eight places, whether it has what is looked for.
+struct xTEightHits {
+    unsigned hits = 0;
+
+    [[nodiscard]] bool Any() const noexcept { return hits != 0; }
+    friend xTEightHits operator&(xTEightHits a, xTEightHits b) noexcept { return {a.hits & b.hits}; }
+    friend xTEightHits operator|(xTEightHits a, xTEightHits b) noexcept { return {a.hits | b.hits}; }
+};
+
+inline xTEightHits EightEqual(const WCHAR* at, WCHAR ch) noexcept
+{
+    unsigned hits = 0;
+    for (std::size_t i = 0; i < eightUnits; ++i)
+        hits |= static_cast<unsigned>(at[i] == ch) << i;
+    return {hits};
+}
+
+#endif
+
+/// The same of eight places that may have any of a few units.
+template <std::size_t N>
+inline xTEightHits EightEqual(const WCHAR* at, const std::array<WCHAR, N>& units) noexcept
+{
+    xTEightHits hits;
+    for (const WCHAR unit : units)
+        hits = hits | EightEqual(at, unit);
+    return hits;
+}
+
+/// Has one of the places from `from` up to, not including, `end` what is looked for? `hits` tells it of the eight
+/// places from one on, `isHit` of a single one. All are looked at, the first hit ends nothing: for texts that mostly
+/// have none.
+template <typename Hits, typename IsHit>
+[[nodiscard]] inline bool HasHit(std::size_t from, std::size_t end, Hits hits, IsHit isHit) noexcept
+{
+    std::size_t i = from;
+    if (end >= from + eightUnits) {
+        const std::size_t last = end - eightUnits;
+        xTEightHits found = hits(last);
+        for (; i < last; i += eightUnits)
+            found = found | hits(i);
+        return found.Any();
+    }
+    while (i < end && !isHit(i))
+        ++i;
+    return i < end;
+}
