@@ -31,7 +31,7 @@ void ChangeBits(CString& attrs, std::int32_t from, std::int32_t to, WCHAR set, W
 // True when each word is `word`. Most lines share their words with all others of their length: those are told at a glance.
 bool IsRun(const CString& attrs, WCHAR word)
 {
-    return attrs.SharesBufferWith(SharedRun(word, attrs.GetLength())) || AllUnitsAre(attrs, word);
+    return IsSharedRun(attrs, word) || AllUnitsAre(attrs, word);
 }
 
 // Does the box and swallows the exception in flight: a line that could not grow must not end the typing.
@@ -296,8 +296,9 @@ void xTExtString::UnmarkAllComment()
 {
     m_beganInside = false;
     // The words are looked at whatever the flags say, since a join brings marked characters into a line without them.
-    if (!AnyUnitHas(m_attrs, attrComment)) {
-        // Most lines hold no mark: a glance is all they cost.
+    if (TurnSharedRun(m_attrs, attrBase | attrComment, attrBase) || IsSharedRun(m_attrs, attrBase) ||
+        !AnyUnitHas(m_attrs, attrComment)) {
+        // Most lines share their words with others of their length, or hold no mark: a glance is all they cost.
     } else if (IsRun(m_attrs, attrBase | attrComment)) {
         m_attrs = SharedRun(attrBase, m_attrs.GetLength());
     } else {
@@ -310,10 +311,14 @@ void xTExtString::MarkCommentRun(std::int32_t from, std::int32_t to, bool starts
 {
     const std::int32_t begin = std::max(from, 0);
     const std::int32_t end = std::min(to, m_attrs.GetLength());
-    if (begin == 0 && end == m_attrs.GetLength() && IsRun(m_attrs, attrBase))
+    const bool whole = begin == 0 && end == m_attrs.GetLength();
+    if (whole && TurnSharedRun(m_attrs, attrBase, attrBase | attrComment)) {
+        // Nearly every line of a long comment.
+    } else if (whole && IsRun(m_attrs, attrBase)) {
         m_attrs = SharedRun(attrBase | attrComment, end);  // a line wholly in a comment owns no words
-    else if (begin < end)
+    } else if (begin < end) {
         ChangeBits(m_attrs, begin, end, attrComment, 0);
+    }
     const int own = m_flags & ~flagStartsInside;
     m_flags = static_cast<std::uint16_t>(own | flagHasComment | (startsInside ? flagStartsInside : 0));
     m_beganInside = m_beganInside || startsInside;

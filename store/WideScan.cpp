@@ -1,5 +1,7 @@
 #include "store/WideScan.h"
 
+#include "store/EightUnits.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -274,9 +276,17 @@ std::int32_t FindPair(WStrView text, WCHAR a, WCHAR b, std::int32_t from) noexce
         return -1;
     const WCHAR* const units = text.data();
     const std::size_t end = text.size() - 1;
+    const auto isPair = [=](std::size_t i) { return units[i] == a && units[i + 1] == b; };
+    // Most lines are short and have none. A long text is not looked through beforehand: it may be asked for pair by
+    // pair.
+    constexpr std::size_t shortText = 64;
+    if (end - begin <= shortText &&
+        !HasHit(
+            begin, end, [=](std::size_t i) { return EightEqual(units + i, a) & EightEqual(units + i + 1, b); }, isPair))
+        return -1;
     const std::size_t hit = FirstHit(
         begin, end, [=](std::size_t i) { return MaskOf(BlockAt(units + i), a) & MaskOf(BlockAt(units + i + 1), b); },
-        [=](std::size_t i) { return units[i] == a && units[i + 1] == b; });
+        isPair);
     return hit < end ? static_cast<std::int32_t>(hit) : -1;
 }
 

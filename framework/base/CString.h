@@ -196,3 +196,10 @@ private:
 /// may outlive the static objects of the process.
 /// @param ch 0x0001 or 0x0005; any other character is served but not kept
 [[nodiscard]] CString SharedRun(WCHAR ch, std::int32_t length);
+
+/// True when the string is one of the kept runs of `ch`; one of another buffer with the same characters is not.
+[[nodiscard]] bool IsSharedRun(const CString& run, WCHAR ch) noexcept;
+
+/// Makes a kept run of `from` the kept one of `to` of its length, without a look at the characters.
+/// @return false, and changes nothing, when the string is no kept run of `from` or the runs of `to` are not kept
+bool TurnSharedRun(CString& run, WCHAR from, WCHAR to);

@@ -27,6 +27,13 @@ public:
         return {text ? text : Make(run, length), CString::xTAdopt{}};
     }
 
+    [[nodiscard]] bool Holds(const CString& run) const noexcept
+    {
+        const std::int32_t length = run.GetLength();
+        return length >= 1 && length <= longest &&
+               m_runs[static_cast<std::size_t>(length)].load(std::memory_order_relaxed) == run.m_text;
+    }
+
 private:
     using xTRun = std::atomic<WCHAR*>;
 
@@ -53,11 +60,34 @@ namespace {
 constinit xTSharedRuns plainRuns{0x0001};
 constinit xTSharedRuns commentRuns{0x0005};
 
+// Those of a character, null for one whose runs are not kept.
+inline xTSharedRuns* RunsOf(WCHAR ch) noexcept
+{
+    return ch == 0x0001 ? &plainRuns : ch == 0x0005 ? &commentRuns : nullptr;
+}
+
 }  // namespace
 
 CString SharedRun(WCHAR ch, std::int32_t length)
 {
-    if (length < 1 || length > xTSharedRuns::longest || (ch != 0x0001 && ch != 0x0005))
+    xTSharedRuns* const runs = RunsOf(ch);
+    if (!runs || length < 1 || length > xTSharedRuns::longest)
         return {ch, length};
-    return (ch == 0x0001 ? plainRuns : commentRuns).Get(length);
+    return runs->Get(length);
+}
+
+bool IsSharedRun(const CString& run, WCHAR ch) noexcept
+{
+    const xTSharedRuns* const runs = RunsOf(ch);
+    return runs && runs->Holds(run);
+}
+
+bool TurnSharedRun(CString& run, WCHAR from, WCHAR to)
+{
+    const xTSharedRuns* const held = RunsOf(from);
+    xTSharedRuns* const wanted = RunsOf(to);
+    if (!held || !wanted || !held->Holds(run))
+        return false;
+    run = wanted->Get(run.GetLength());
+    return true;
 }

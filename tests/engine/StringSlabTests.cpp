@@ -179,6 +179,28 @@ TEST(SharedRuns, AChangeLeavesTheKeptRunAlone)
     EXPECT_EQ(SharedRun(0x0001, 20), CString(0x0001, 20));
 }
 
+TEST(SharedRuns, AKeptRunIsToldAndTurnedWithoutALookAtItsCharacters)
+{
+    CString run = SharedRun(0x0001, 40);
+    EXPECT_TRUE(IsSharedRun(run, 0x0001));
+    EXPECT_FALSE(IsSharedRun(run, 0x0005));
+    EXPECT_FALSE(TurnSharedRun(run, 0x0005, 0x0001));
+    EXPECT_TRUE(TurnSharedRun(run, 0x0001, 0x0005));
+    EXPECT_TRUE(run.SharesBufferWith(SharedRun(0x0005, 40)));
+    EXPECT_EQ(SharedRun(0x0001, 40), CString(0x0001, 40));
+}
+
+TEST(SharedRuns, OnlyAKeptRunIsTurned)
+{
+    for (CString run : {CString(), CString(0x0001, 40), SharedRun(0x0001, 513), SharedRun(0x0009, 7)}) {
+        const CString before = run;
+        EXPECT_FALSE(IsSharedRun(run, 0x0001));
+        EXPECT_FALSE(TurnSharedRun(run, 0x0001, 0x0005));
+        EXPECT_FALSE(IsSharedRun(run, 0x0009));
+        EXPECT_TRUE(run.SharesBufferWith(before));
+    }
+}
+
 TEST(SharedRuns, ARunThatCannotBeMadeIsMadeTheNextTime)
 {
     // Other tests of this process make runs too: a length that none of them has asked for.
