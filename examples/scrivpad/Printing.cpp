@@ -6,6 +6,8 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <cwchar>
+#include <optional>
 #include <utility>
 
 namespace scrivpad {
@@ -15,6 +17,7 @@ namespace {
 constexpr int titleSize = 18;  // in units of the layout
 constexpr int numberSize = 13;
 constexpr const wchar_t* noteFace = L"Arial";
+constexpr std::size_t longestPath = 0x8000;
 
 struct DeleteFont {
     void operator()(HFONT font) const noexcept { ::DeleteObject(font); }
@@ -24,9 +27,10 @@ using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteFont>;
 /// Ends a document of the printer, or throws it away where it was not finished.
 class PrintDocument {
 public:
-    PrintDocument(HDC dc, const std::wstring& title) : m_dc(dc)
+    /// @param path  of the file that takes what the printer would get; empty: the printer gets it
+    PrintDocument(HDC dc, const std::wstring& title, const std::wstring& path) : m_dc(dc)
     {
-        const DOCINFOW info = {sizeof(info), title.c_str(), nullptr, nullptr, 0};
+        const DOCINFOW info = {sizeof(info), title.c_str(), path.empty() ? nullptr : path.c_str(), nullptr, 0};
         if (::StartDocW(dc, &info) <= 0)
             throw SystemFailure(L"принтер не принял документ", ::GetLastError());
     }
@@ -62,11 +66,33 @@ private:
     return confirmed;
 }
 
-[[nodiscard]] PageRange ChosenPages(const PRINTDLGW& dialog, int count) noexcept
+/// Asks for the file of a document that is not for the printer. The name "FILE:" that leaves it to the system to ask
+/// is not known to all systems: some write a file of that name.
+/// @return its path, none when the user gave up
+[[nodiscard]] std::optional<std::wstring> AskForOutput(HWND owner)
 {
-    if (!(dialog.Flags & PD_PAGENUMS))
-        return {1, count};
-    return {std::max<int>(dialog.nFromPage, 1), std::min<int>(dialog.nToPage, count)};
+    std::wstring path(longestPath, L'\0');
+    OPENFILENAMEW dialog = {};
+    dialog.lStructSize = sizeof(dialog);
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = L"Файлы печати\0*.prn;*.ps\0Все файлы\0*.*\0";
+    dialog.lpstrFile = path.data();
+    dialog.nMaxFile = static_cast<DWORD>(path.size());
+    dialog.lpstrTitle = L"Печать в файл";
+    dialog.lpstrDefExt = L"prn";
+    dialog.Flags = OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (!::GetSaveFileNameW(&dialog)) {
+        RequireNoDialogFault();
+        return std::nullopt;
+    }
+    path.resize(std::wcslen(path.c_str()));
+    return path;
+}
+
+[[nodiscard]] PageRange ChosenPages(const PRINTDLGW& dialog, int count)
+{
+    const PageRange all = {1, count};
+    return SheetsOf(dialog.Flags & PD_PAGENUMS ? PageRange{dialog.nFromPage, dialog.nToPage} : all, count);
 }
 
 }  // namespace
@@ -105,6 +131,17 @@ void PrintRun::DrawNote(HDC dc, const std::wstring& text, RECT place, int height
     ::SelectObject(dc, before);
 }
 
+PageRange SheetsOf(PageRange range, int count)
+{
+    if (count <= 0)
+        throw Failure(L"нет ни одной страницы для печати");
+    const PageRange found = {std::max(range.first, 1), std::min(range.last, count)};
+    if (found.first > found.last)
+        throw Failure(L"нет страниц с " + std::to_wstring(range.first) + L" по " + std::to_wstring(range.last) +
+                      L", всего страниц " + std::to_wstring(count));
+    return found;
+}
+
 void PrintPages(HDC dc, const PrintRun& run, PageRange range)
 {
     for (int page = range.first; page <= range.last; ++page) {
@@ -132,8 +169,12 @@ bool PrintWithDialog(HWND owner, HWND control, const std::wstring& title, PageSe
     MapToPaper(dc.get());
     const auto range = dialog.Flags & PD_SELECTION ? PrintRun::Range::selection : PrintRun::Range::wholeText;
     const PrintRun run(control, dc.get(), setup.settings, range, title);
-    PrintDocument document(dc.get(), title);
-    PrintPages(dc.get(), run, ChosenPages(dialog, run.PageCount()));
+    const PageRange pages = ChosenPages(dialog, run.PageCount());  // before there is a document: it would be empty
+    const auto path = dialog.Flags & PD_PRINTTOFILE ? AskForOutput(owner) : std::wstring();
+    if (!path)
+        return false;
+    PrintDocument document(dc.get(), title, *path);
+    PrintPages(dc.get(), run, pages);
     document.Finish();
     return true;
 }

@@ -38,6 +38,9 @@ struct PageRange {
     int last = 1;
 };
 
+/// @return the sheets of a range that a job of `count` sheets has. Throws a Failure when there is none to print.
+[[nodiscard]] PageRange SheetsOf(PageRange range, int count);
+
 /// Prints sheets one by one into a document that is open. Throws a Failure when the printer refuses one.
 void PrintPages(HDC dc, const PrintRun& run, PageRange range);
 

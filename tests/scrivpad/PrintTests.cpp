@@ -138,6 +138,34 @@ TEST_F(PrintRuns, PrintTheSheetsOfARange)
     EXPECT_TRUE(Printed(run, {3, 2}).empty());
 }
 
+TEST_F(PrintRuns, AreOfTheSheetsThatThereAre)
+{
+    const auto sheets = [](int first, int last, int count) {
+        const PageRange range = SheetsOf({first, last}, count);
+        return std::pair(range.first, range.last);
+    };
+    EXPECT_EQ(sheets(1, 3, 3), std::pair(1, 3));
+    EXPECT_EQ(sheets(2, 2, 3), std::pair(2, 2));
+    EXPECT_EQ(sheets(0, 65535, 3), std::pair(1, 3));
+    EXPECT_EQ(sheets(3, 9, 3), std::pair(3, 3));
+}
+
+TEST_F(PrintRuns, OfNoSheetAreRefusedWithAReason)
+{
+    const auto refusal = [](int first, int last, int count) -> std::wstring {
+        try {
+            return std::to_wstring(SheetsOf({first, last}, count).first);
+        } catch (const Failure& failure) {
+            return failure.message;
+        }
+    };
+    EXPECT_EQ(refusal(5, 9, 3), L"нет страниц с 5 по 9, всего страниц 3");
+    EXPECT_EQ(refusal(4, 4, 3), L"нет страниц с 4 по 4, всего страниц 3");
+    EXPECT_EQ(refusal(3, 2, 3), L"нет страниц с 3 по 2, всего страниц 3");
+    EXPECT_EQ(refusal(0, 0, 3), L"нет страниц с 0 по 0, всего страниц 3");
+    EXPECT_EQ(refusal(1, 0, 0), L"нет ни одной страницы для печати");
+}
+
 TEST_F(PrintRuns, PrintTheSelection)
 {
     givenLines(9);
