@@ -2,8 +2,10 @@
 
 #include "ComPtr.h"
 
+#include <dwmapi.h>
 #include <wincodec.h>
 
+#include <algorithm>
 #include <memory>
 #include <type_traits>
 
@@ -34,19 +36,45 @@ private:
     HDC m_dc;
 };
 
+/// The part of the screen that shows the window. The window's rectangle may be larger: of the borders for sizing no
+/// more than a line is to be seen, and a picture of them all would show what stands behind the window.
+[[nodiscard]] RECT VisibleFrame(HWND window) noexcept
+{
+    RECT bounds = {};
+    RECT frame = {};
+    ::GetWindowRect(window, &bounds);
+    if (SUCCEEDED(::DwmGetWindowAttribute(window, DWMWA_EXTENDED_FRAME_BOUNDS, &frame, sizeof(frame))) &&
+        !::EqualRect(&frame, &bounds))
+        return frame;
+    // A system whose frames another program draws, with borders of a line, and that knows nothing of it.
+    POINT client = {};
+    ::ClientToScreen(window, &client);
+    const int unseen = std::max(static_cast<int>(client.x - bounds.left) - 1, 0);
+    ::InflateRect(&bounds, -unseen, -unseen);
+    return bounds;
+}
+
+/// Has the window draw itself; `frame` is the part of the screen that the picture is of.
+[[nodiscard]] bool DrawWindow(HWND window, const RECT& frame, HDC memory) noexcept
+{
+    RECT bounds = {};
+    ::GetWindowRect(window, &bounds);
+    ::SetViewportOrgEx(memory, bounds.left - frame.left, bounds.top - frame.top, nullptr);
+    return ::PrintWindow(window, memory, PW_RENDERFULLCONTENT) != FALSE;
+}
+
 /// Copies the window off the screen; where the screen may not be read the window is asked to draw itself.
 [[nodiscard]] bool CopyWindow(HWND window, const RECT& bounds, HDC screen, HDC memory) noexcept
 {
     const int width = bounds.right - bounds.left;
     const int height = bounds.bottom - bounds.top;
     return ::BitBlt(memory, 0, 0, width, height, screen, bounds.left, bounds.top, SRCCOPY | CAPTUREBLT) ||
-           ::PrintWindow(window, memory, PW_RENDERFULLCONTENT);
+           DrawWindow(window, bounds, memory);
 }
 
 [[nodiscard]] Bitmap Capture(HWND window)
 {
-    RECT bounds = {};
-    ::GetWindowRect(window, &bounds);
+    const RECT bounds = VisibleFrame(window);
     const ScreenContext screen;
     const MemoryContext memory(::CreateCompatibleDC(screen.Get()));
     Bitmap bitmap(::CreateCompatibleBitmap(screen.Get(), bounds.right - bounds.left, bounds.bottom - bounds.top));
