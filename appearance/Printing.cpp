@@ -110,11 +110,10 @@ void xTMemStorage::split_pages(const xTPrintSetup& setup, xTPrintJob& job) const
         return;
     const xTPos begin = setup.wholeText ? xTPos(0, 0) : first();
     const xTPos end = setup.wholeText ? end_pos() : std::min(last(), end_pos());
+    xTPos cur = begin;
     xTPos reached(0, 0);
     bool middleTakesTheRest = false;
-    // A range that ends at 0,0 counts as reached before its first page, so a lone empty line, or the first character
-    // alone, has no page. Kept on purpose.
-    for (xTPos cur = begin; reached != end && cur.line <= end.line; cur = {reached.line + 1, 0}) {
+    do {
         const bool firstPage = job.pages.empty();
         RECT rect = firstPage ? setup.firstPage : setup.middlePage;
         // Where the middle rectangle has taken all the rest once, it takes the rest of that rest too. It is not
@@ -128,7 +127,8 @@ void xTMemStorage::split_pages(const xTPrintSetup& setup, xTPrintJob& job) const
             middleTakesTheRest = !firstPage;
         }
         job.pages.push_back({rect, cur, reached});
-    }
+        cur = {reached.line + 1, 0};
+    } while (reached != end && cur.line <= end.line);
 }
 
 bool xTMemStorage::DrawTextRows(HDC dc, const RECT& rect, bool measureOnly, std::int32_t tabSize, const xTPos& from,

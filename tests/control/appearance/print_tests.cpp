@@ -352,16 +352,14 @@ TEST_F(Printing, WithoutASelectionThereAreNoPagesButAJobRuns)
     EXPECT_TRUE(store.printing_over());
 }
 
-// What counts as reached begins at 0,0, so that a range which ends there is at its end before its first page. Kept.
-TEST_F(Printing, ARangeThatEndsAtTheStartOfTheTextHasNoPage)
+TEST_F(Printing, TheFirstCharacterAloneAndALoneEmptyLineHaveAPage)
 {
-    given(L"\n");
-    EXPECT_EQ(prepare(), 0);
     given(L"text");
     select({0, 0}, {0, 0});
-    EXPECT_EQ(prepare(false), 0);
-    select({0, 0}, {0, 1});
     EXPECT_EQ(prepare(false), 1);
+    EXPECT_EQ(drawn(1).Words(), (Words{L"t"}));
+    given(L"\n");
+    EXPECT_EQ(prepare(), 1);
 }
 
 TEST_F(Printing, ATextWithoutLinesHasNoPage)
