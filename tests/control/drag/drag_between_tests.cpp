@@ -104,6 +104,20 @@ TEST_F(DragBetween, AMoveOutLeavesOneCharacterForAMoveFromElsewhereToDelete)
     EXPECT_EQ(TextOf(control), L"Xadf");  // the place of the moved text's last character
 }
 
+TEST_F(DragBetween, AMoveOfTheMouseSentIntoTheDragLeavesItsTextAlone)
+{
+    Give(other, L"|uvw");
+    Give(control, L"a[bc]|def");
+    Steps steps{
+        [&] { PutPointer(other, At(0, 2)); },
+        [&] { SendMouse(control, WM_MOUSEMOVE, At(0, 1)); },
+        [&] { PutPointer(other, At(0, 3)); },
+    };
+    EXPECT_TRUE(drag(At(0, 1), steps));
+    EXPECT_EQ(TextOf(control), L"adef");
+    EXPECT_NE(TextOf(other).find(L"bc"), std::wstring::npos) << "what was moved has arrived";
+}
+
 // ---- Hosts that interfere
 struct Meddling {
     const char* name;
