@@ -1,3 +1,4 @@
+#include "tests/support/RunLength.h"
 #include "tests/support/model/CommandMaker.h"
 #include "tests/support/model/Comparison.h"
 #include "tests/support/model/Shrink.h"
@@ -9,7 +10,8 @@
 #include <random>
 
 // Random editing: after every command, and then at every step back to the start and forth to the end, the engine stands
-// as the model does. SCRIV_FULL=1 makes it ten times as long; SCRIV_SEED is the seed, 0 draws one.
+// as the model does. SCRIV_FULL=1 makes it ten times as long, SCRIV_STEPS as long as one likes; SCRIV_SEED is the seed, 0
+// draws one.
 
 namespace {
 
@@ -23,10 +25,9 @@ std::uint64_t Seed()
     return seed != 0 ? seed : std::random_device{}();
 }
 
-int Steps()
+std::int64_t Steps()
 {
-    const char* const full = std::getenv("SCRIV_FULL");
-    return full && *full == '1' ? 1'000'000 : 100'000;
+    return RunLength("SCRIV_STEPS", 100'000, 1'000'000);
 }
 
 // Most histories are short; some are long enough for the oldest steps to be dropped.
@@ -74,10 +75,11 @@ TEST(RandomHistories, TheEngineStandsAsTheModelAfterEveryStep)
     const std::uint64_t seed = Seed();
     std::cout << "seed " << seed << ", " << Steps() << " steps\n";
     xTRandom random(seed);
-    for (int done = 0, faults = 0; done < Steps() && faults < enoughFaults;) {
+    int faults = 0;
+    for (std::int64_t done = 0; done < Steps() && faults < enoughFaults;) {
         const std::uint64_t ofHistory = random();
         const xTResult result = RunRandom(ofHistory, LengthOfHistory(random));
-        done += static_cast<int>(result.history.size());
+        done += static_cast<std::int64_t>(result.history.size());
         if (!result.found.empty()) {
             ADD_FAILURE() << result.found << "\n" << Report(ofHistory, result.history);
             ++faults;

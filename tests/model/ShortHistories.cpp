@@ -1,9 +1,9 @@
+#include "tests/support/RunLength.h"
 #include "tests/support/model/Comparison.h"
 #include "tests/support/model/Shrink.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 
 // Every sequence of two commands out of forty on twelve texts, three with SCRIV_FULL=1, each gone back and forth.
 
@@ -87,12 +87,6 @@ std::string RunOn(const WString& text, const xTHistory& commands)
     return found.empty() ? found : found + "\n" + Readable(history);
 }
 
-bool Full()
-{
-    const char* const full = std::getenv("SCRIV_FULL");
-    return full && *full == '1';
-}
-
 class ShortHistories : public testing::TestWithParam<std::size_t> {};
 
 }  // namespace
@@ -110,7 +104,7 @@ TEST_P(ShortHistories, EverySequenceEndsAsInTheModel)
 
 TEST_P(ShortHistories, EverySequenceOfThreeEndsAsInTheModel)
 {
-    if (!Full())
+    if (!IsFullRun())
         GTEST_SKIP() << "SCRIV_FULL=1 runs it";
     for (const xTCommand& first : Commands()) {
         for (const xTCommand& second : Commands()) {

@@ -1,14 +1,18 @@
 #pragma once
 
 #include "include/scrivctl3.h"
-#include "tests/support/model/NaiveControl.h"
 #include "tests/support/win/ControlHost.h"
+
+#include <memory>
 
 /// A control that is driven as a person drives it: by keys and characters with what is held, by the clipboard and by
 /// the commands of its host.
 class LiveControl {
 public:
+    /// In a window of its own.
     LiveControl();
+    /// Beside others in a host's window, shown. @param place in the host's client area
+    LiveControl(ControlHost& host, const RECT& place);
 
     void Char(wchar_t ch, bool shift = false);
     void Key(UINT key, bool shift = false, bool ctrl = false);
@@ -17,9 +21,7 @@ public:
     [[nodiscard]] HWND Window() const { return m_control; }
 
 private:
-    ControlHost m_host;
+    std::unique_ptr<ControlHost> m_own;
+    HWND m_host;
     HWND m_control;
 };
-
-/// What differs between the model and the control, in words; empty when nothing does.
-[[nodiscard]] std::string Difference(const xTNaiveControl& model, HWND control);

@@ -1,5 +1,7 @@
 #include "tests/control/live/Sides.h"
 
+#include "tests/control/live/Difference.h"
+
 namespace {
 
 struct Gesture {

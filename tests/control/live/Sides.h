@@ -2,6 +2,7 @@
 
 #include "tests/control/live/LiveControl.h"
 #include "tests/support/model/Commands.h"
+#include "tests/support/model/NaiveControl.h"
 
 /// The model and a live control, fed with the same commands: those of the engine's histories, played as what a person
 /// or a host does to bring them about.

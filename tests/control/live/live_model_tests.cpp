@@ -1,4 +1,5 @@
 #include "tests/control/live/Sides.h"
+#include "tests/support/RunLength.h"
 #include "tests/support/model/CommandMaker.h"
 #include "tests/support/model/Shrink.h"
 #include "tests/support/native/PlatformNative.h"
@@ -47,10 +48,9 @@ std::string Replay(const xTHistory& history)
     return sides.GoBackAndForth();
 }
 
-int Steps()
+std::int64_t Steps()
 {
-    const char* const full = std::getenv("SCRIV_FULL");
-    return full && *full == '1' ? 50'000 : 5'000;
+    return RunLength("SCRIV_STEPS", 5'000, 50'000);
 }
 
 std::uint64_t Seed()
@@ -68,10 +68,10 @@ TEST(LiveControlHistories, TheControlStandsAsTheModelAfterEveryStep)
     const std::uint64_t seed = Seed();
     std::cout << "seed " << seed << ", " << Steps() << " steps\n";
     std::mt19937_64 random(seed);
-    for (int done = 0; done < Steps() && !HasFailure();) {
+    for (std::int64_t done = 0; done < Steps() && !HasFailure();) {
         const std::uint64_t ofHistory = random();
         const Result result = RunRandom(ofHistory, random() % 20 == 0 ? 700 : 100);
-        done += static_cast<int>(result.history.size());
+        done += static_cast<std::int64_t>(result.history.size());
         if (result.found.empty())
             continue;
         const auto fails = [](const xTHistory& history) { return !Replay(history).empty(); };
