@@ -25,6 +25,8 @@ else
     fuzz_seconds=5
 fi
 logs=$PWD/build/logs
+# Tests under Wine wait more than they compute: one more at a time than there are processors.
+lanes=$(($(nproc) + 1))
 export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
 if command -v ccache >/dev/null; then
     export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
@@ -42,19 +44,20 @@ build()
     quietly "$logs/build-$preset.log" cmake --build --preset "$preset" || exit 1
 }
 
-# run_tests NAME PRESET [COMMAND...]: runs the tests of a preset, in the environment that the command gives, and counts.
+# run_tests NAME PRESET PARALLEL [COMMAND...]: runs the tests of a preset, so many at a time, in the environment that the
+# command gives, and counts.
 run_tests()
 {
-    local name=$1 preset=$2 reports=$PWD/build/$2/reports status=0 line begun=$SECONDS
-    shift 2
+    local name=$1 preset=$2 parallel=$3 reports=$PWD/build/$2/reports status=0 line begun=$SECONDS
+    shift 3
     step "tests: $name"
     rm -rf "$reports"
     mkdir -p "$reports"
     # Wine knows the system's own folders as drive Z.
     local prefix=
     [ "$preset" = win ] && prefix=Z:
-    GTEST_OUTPUT=xml:$prefix$reports/ "$@" ctest --preset "$preset" --no-tests=error --timeout 600 \
-        --output-junit "$reports/ctest.junit" >"$logs/tests-$name.log" 2>&1 </dev/null || status=$?
+    GTEST_OUTPUT=xml:$prefix$reports/ "$@" ctest --preset "$preset" --parallel "$parallel" --no-tests=error \
+        --timeout 600 --output-junit "$reports/ctest.junit" >"$logs/tests-$name.log" 2>&1 </dev/null || status=$?
     line=$(python3 tools/count_tests.py "$name" "$reports/ctest.junit" "$reports" 2>&1) || status=1
     if [ "$status" != 0 ]; then
         failed=yes
@@ -84,11 +87,11 @@ install_packages "$logs/packages.log" "${run_packages[@]}" "${test_packages[@]}"
 install_locale || fail "the Russian locale cannot be made"
 
 build asan
-run_tests native asan
+run_tests native asan "$(nproc)"
 build win
-run_tests wine win tools/with-wine.sh
+run_tests wine win "$lanes" tools/with-wine.sh --lanes "$lanes"
 build fuzz -DSCRIV_FUZZ_SECONDS=$fuzz_seconds
-run_tests fuzz fuzz
+run_tests fuzz fuzz "$(nproc)"
 if [ "$full" = yes ]; then
     check reproducible tools/build-twice.sh
     if [ -e bench/run.sh ]; then

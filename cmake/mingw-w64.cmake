@@ -11,5 +11,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 find_program(SCRIV_WINE wine)
 if(SCRIV_WINE)
-    set(CMAKE_CROSSCOMPILING_EMULATOR ${SCRIV_WINE})
+    # A screen and a Wine for itself where several programs are run at once, and plain Wine anywhere else.
+    set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tools/in-lane.sh ${SCRIV_WINE})
 endif()

@@ -30,6 +30,8 @@ TEST_F(Find, ReplaceReplacesTheSelectedMatchAndSelectsTheNext)
 TEST_F(Find, ReplaceTakesTheFocusToTheText)
 {
     given(L"one two");
+    open(openReplace);
+    Pump(300);  // the window manager gives a new window the focus a moment later
     replace(pressReplace, L"two", L"three");
     EXPECT_EQ(::GetFocus(), control);
     EXPECT_NE(dialog(), nullptr);
