@@ -1,11 +1,10 @@
 // The figures of the editing engine without a control, each beside its floor or its goal. bench/run.sh starts it.
 
+#include "bench/BenchEngine.h"
 #include "bench/EngineText.h"
 #include "bench/Measure.h"
 #include "editing/SearchRequest.h"
-#include "editing/operstack.h"
 #include "framework/base/Platform.h"
-#include "store/MemStor.h"
 #include "tests/support/native/PlatformNative.h"
 
 #include <cstdio>
@@ -17,42 +16,6 @@ namespace {
 struct Size {
     const char* name;
     std::size_t characters;
-};
-
-/// A window that shows nothing: what stays is the engine's own work.
-class SilentWindow final : public xTStoreWindow {
-public:
-    [[nodiscard]] HWND Handle() const override { return reinterpret_cast<HWND>(1); }
-    void Invalidate() override {}
-    void InvalidateCaretLine() override {}
-    void UpdateNow() override {}
-    void RequestPaint() override {}
-    void EnsureCaretVisible() override {}
-    void MoveCaretTo(std::int32_t, std::int32_t, bool, bool, bool) override {}
-    void NotifyHost(bool, std::int32_t) override {}
-    [[nodiscard]] bool ConfirmWrap() override { return false; }
-};
-
-/// A store with its stack. Without a window the one and the other have none.
-struct Engine {
-    explicit Engine(const WString& text, bool withWindow = true)
-        : store(withWindow ? &window : nullptr, &tabs), stack(withWindow ? &window : nullptr, &store)
-    {
-        Load(text);
-    }
-    void Load(const WString& text) { store.load_text(text.c_str(), 1); }
-    void Type(WStrView text)
-    {
-        for (const WCHAR ch : text)
-            stack.add_char(ch, false);
-    }
-    void Delete() { stack.add_key(46); }
-    void Paste() { stack.add_key(xTOperation::pasteCode); }
-
-    SilentWindow window;
-    xTTabSettings tabs;
-    xTMemStorage store;
-    xTOperStack stack;
 };
 
 /// One row: a figure in a unit of its own, and the most that it may be; 0: no goal.
@@ -199,10 +162,7 @@ void BenchDeleteAll(const Size& size, const WString& text)
     constexpr int rounds = 7;
     Engine engine(text);
     const double load = MedianTime(rounds, [&] { engine.Load(text); }, [&] { engine.store.load_text(nullptr, 0); });
-    const auto erase = [&] {
-        engine.store.select_range({0, 0}, engine.store.end_pos());
-        engine.Delete();
-    };
+    const auto erase = [&] { engine.DeleteAll(); };
     const auto undo = [&] { engine.stack.undo(); };
     const double both = MedianTime(rounds, [&] { erase(), undo(); }, [&] { engine.stack.clear_redo(); });
     erase();

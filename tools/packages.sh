@@ -16,6 +16,7 @@ test_packages=(
     googletest
     clang libclang-rt-14-dev llvm-14
     lld                        # a program linked as the Microsoft linker would
+    valgrind                   # counts the instructions of the engine
 )
 
 as_root()
