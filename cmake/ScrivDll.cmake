@@ -13,6 +13,9 @@ set_target_properties(scrivctl3 PROPERTIES
     LINKER_LANGUAGE CXX
     ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 target_include_directories(scrivctl3 INTERFACE ${CMAKE_SOURCE_DIR}/include)
+add_library(scrivctl3::scrivctl3 ALIAS scrivctl3)  # the name that users of the package know
+# What the linker took from where: the notices of the package are checked against it.
+target_link_options(scrivctl3 PRIVATE -Wl,-Map,${CMAKE_BINARY_DIR}/scrivctl3.map)
 
 # Users get the DLL without debug information; debuggers and crash traces find it in the file beside it.
 # (-p: without it each step would put the time of day into the header, and no two builds were the same.)

@@ -17,6 +17,7 @@ test_packages=(
     clang libclang-rt-14-dev llvm-14
     lld                        # a program linked as the Microsoft linker would
     valgrind                   # counts the instructions of the engine
+    pkgconf                    # a program that finds the installed control by pkg-config
 )
 
 as_root()
