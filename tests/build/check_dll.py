@@ -2,7 +2,7 @@
 """Checks the DLL that users get: check_dll.py CHECK DLL [MORE].
 
     imports DLL          only libraries that every Windows has
-    exports DLL DEF      exactly the names of the .def file
+    exports DLL ABI      exactly the functions that the list of promises has (tests/package/abi)
     hardening DLL        may be loaded anywhere, and no section is both writable and executable
     paths DLL WORD...    none of the words, which are folders of the building machine
     timeless DLL         no time of day, so that two builds can be the same
@@ -73,14 +73,14 @@ def imports(dll):
     return [f"imports {name}" for name in strange]
 
 
-def names_of(definition):
-    lines = pathlib.Path(definition).read_text(encoding="utf-8").splitlines()
-    behind = lines[lines.index("EXPORTS") + 1:]
-    return {line.split(";")[0].strip() for line in behind} - {""}
+def promised(listed):
+    """The names behind the word function in the list of what compiled hosts are promised."""
+    lines = pathlib.Path(listed).read_text(encoding="utf-8").splitlines()
+    return {line.split()[1].rstrip(":") for line in lines if line.startswith("function ")}
 
 
-def exports(dll, definition):
-    wanted, found = names_of(definition), set(Image(dll).exports())
+def exports(dll, listed):
+    wanted, found = promised(listed), set(Image(dll).exports())
     return [f"does not export {name}" for name in sorted(wanted - found)] + \
            [f"exports {name}" for name in sorted(found - wanted)]
 

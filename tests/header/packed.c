@@ -5,5 +5,5 @@
 #include <stddef.h>
 
 #include "layout.inc"
-SAME(hostPackingIsBack, sizeof(struct { char c; int i; }) == 5);
+typedef char hostPackingIsBack[sizeof(struct { char c; int i; }) == 5 ? 1 : -1];
 #pragma pack(pop)
