@@ -259,7 +259,8 @@ SCRIVCTL3_API BOOL edCopyData(HWND source, HWND destination);
 
 /// Moves the caret, brings it into view, takes the focus and drops the selection: edSetCaretPositionAdv with the flags
 /// ED_CARET_REDRAW, ED_CARET_CENTRE and ED_CARET_FOCUS. Bad handle: nothing happens.
-/// @param line, col  brought into the text; a negative `col` leaves the caret and only scrolls
+/// @param line, col  a `col` past the end of its line stands for that end; a negative `col`, or a line that does not
+///                   exist, leaves the caret and only scrolls
 SCRIVCTL3_API void edSetCaretPosition(HWND control, int line, int col);
 
 /// Moves the caret as told. Bad handle: nothing happens.
