@@ -19,6 +19,7 @@ const StepCase stepCases[] = {
     {"WordLeftSkipsBlanks", WordLeft, false, "foo  |bar", "|foo  bar"},
     {"WordLeftAtTheStart", WordLeft, false, "|foo", "|foo"},
     {"WordLeftToAnEmptyLine", WordLeft, false, "a\n\n|b", "a\n|\nb"},
+    {"WordLeftFromTheSecondLine", WordLeft, false, "ab\n|cd", "a|b\ncd"},
     {"WordLeftWithinASelection", WordLeft, true, "[one two| x]", "[one ]|two x"},
     {"WordLeftFromTheFirst", WordLeft, true, "one |[two]", "|[one two]"},
     {"WordLeftStartsASelection", WordLeft, true, "one two|", "one |[two]"},

@@ -214,6 +214,18 @@ TEST_F(Rescan, ALineMissingTheFlagBecauseOfASecondCommentStillCountsAsBegunInsid
     EXPECT_TRUE(store.lines[1].IsCommentAt(0));
 }
 
+TEST_F(Rescan, ALineWithOtherMarksUnderTheSameFlagsIsRepainted)
+{
+    Load(_T("/*a\nb*/ /*c\nd\n*/ e"));
+    ASSERT_EQ(Marks(store), "###-h ###.###-h #ih ##..ih ");
+    store.delete_text({0, 0}, 1);
+    const int before = window.invalidated;
+    store.rescan_comments();
+    EXPECT_EQ(Marks(store), "..-- ....###-h #ih ##..ih ");
+    EXPECT_GT(window.invalidated, before);
+    ExpectRight();
+}
+
 // Two ways to read the line, with the same marks and flags: only how the line before it ended tells which comment is open
 // behind it.
 TEST_F(Rescan, ALineOfTwoReadingsKeepsItsOwn)
