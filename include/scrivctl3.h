@@ -1,6 +1,6 @@
 /// @file scrivctl3.h
 /// Everything that a host of the editor control sees: records, codes, messages and exports of scrivctl3.dll.
-/// Plain C99, also C++11 and later.
+/// Plain C99, also C++11 and later. docs/api.md is the long form, with rules, examples and limits.
 ///
 /// A control is a child window. The host makes one with edCreateCtrl, shows it (it is born hidden), gives it a text
 /// or a file and destroys it with edDestroyCtrl. The parent hears of changes through the ED_NOTIFY_ messages.
@@ -11,6 +11,8 @@
 ///   is one character.
 /// - A handle that is no window, or no control of the calling thread, is answered at once with the result named "bad
 ///   handle" below.
+/// - All of them may be called from inside the messages and the highlight callback, edDestroyCtrl too.
+/// - Line numbers and indexes that are unsigned here are read as signed: from 0x80000000 on they are negative.
 /// - No exception leaves them: a fault inside is written to the log "scrivctl.log" beside the host's executable, and
 ///   the call answers as for a bad handle unless told otherwise.
 #pragma once
@@ -128,7 +130,9 @@ enum {
     ED_DRAG_ENTER_PARENT = 0x0464,
     /// Caret, selection, text or focus changed. wParam: 1 when the text changed, else 0. lParam: the low 16 bits of the
     /// caret's line in the low word and of its column in the high word (ask edGetPosition for the whole numbers);
-    /// -1 when the focus went to a window that is no editor control. Sent with SendNotifyMessageW.
+    /// -1 when the focus went to a window that is no editor control. Sent with SendNotifyMessageW. Every change of the
+    /// text is told but for a load or a copy of the whole; not every move of the caret is, such as one by a search, by
+    /// the host or by a key with Shift or Ctrl.
     ED_NOTIFY_CARET = 0x80DE,
     /// A search has passed the end of the text. wParam: the find dialog's window or 0; lParam: the searched text, a
     /// `const wchar_t*` that is valid during the call. Answer non-zero to go on from the top, 0 to stop.
@@ -141,8 +145,9 @@ enum {
 
 /// A highlight callback: called whenever a line is drawn or measured.
 /// @param ctx            edHighlightHook.ctx
-/// @param text           the line, NUL-terminated and writable; EVERY character before the terminator has to be
-///                       overwritten by an ED_CLASS_ code, for what is left is taken as a code too
+/// @param text           the line, or what of it stands before the place that is measured, NUL-terminated and writable;
+///                       EVERY character before the terminator has to be overwritten by an ED_CLASS_ code, for what is
+///                       left is taken as a code too
 /// @param insideComment  1 when the line begins inside a block comment, else 0
 typedef void (*edHighlightFn)(void* ctx, wchar_t* text, int insideComment);
 
@@ -194,10 +199,11 @@ typedef struct edPrintPageParams {
 // ---- Lifecycle ------------------------------------------------------------------------------------------------
 
 /// Makes a control, hidden and without any line of text.
-/// @return its window; 0 when `params` is null or the window could not be made
+/// @return its window; 0 when `params` or its parent is null, or the window could not be made
 SCRIVCTL3_API HWND edCreateCtrl(const edCreateParams* params);
 
-/// Destroys a control; its handle is dead after it. Bad handle: nothing happens.
+/// Destroys a control and frees what it holds; its handle is dead after it. Call it at the latest in the WM_DESTROY of
+/// the parent: a window that goes without it leaves memory behind. Bad handle: nothing happens.
 SCRIVCTL3_API void edDestroyCtrl(HWND control);
 
 /// Tests a handle.
@@ -206,11 +212,12 @@ SCRIVCTL3_API HWND edGetHWND(HWND control);
 
 // ---- Text in and out ------------------------------------------------------------------------------------------
 
-/// Replaces the text by a file's and forgets undo. Lines of more than 512 characters are cut. An empty file leaves the
-/// old text. A file that cannot be opened or is no text is told to the user in a message box.
+/// Replaces the text by a file's and forgets undo, selection and marks; the caret goes to the start, the view stays
+/// scrolled. A line of more than 512 characters goes on in the next one. An empty file leaves the old text, and the
+/// result is 1. A file that cannot be opened or is no text is told to the user in a message box.
 /// @param path      null gives 0
 /// @param encoding  in: ED_ENCODING_ code to try when the bytes do not tell; out: the code found. May be null
-/// @return 1 when loaded, and also after a fault inside; 0 when the file cannot be opened; bad handle: 0
+/// @return 1 when loaded, and also after a fault inside; 0 when the file cannot be opened or is no text; bad handle: 0
 SCRIVCTL3_API BOOL edLoadFile(HWND control, const wchar_t* path, UINT32* encoding);
 
 /// Writes the text to a file, the lines joined by line breaks, with none behind the last. The file on disk changes only
@@ -221,8 +228,9 @@ SCRIVCTL3_API BOOL edLoadFile(HWND control, const wchar_t* path, UINT32* encodin
 ///         text; bad handle: 0
 SCRIVCTL3_API BOOL edSaveFile(HWND control, const wchar_t* path, UINT32 encoding);
 
-/// Replaces the text and forgets undo. A last line break makes no further line; lines of more than 512 characters are
-/// cut; carriage returns stay as characters.
+/// Replaces the text and forgets undo, selection and marks; the caret goes to the start, the view stays scrolled. A
+/// last line break makes no further line; a line of more than 512 characters goes on in the next one; carriage returns
+/// stay as characters.
 /// @param text      NUL-terminated; null empties the control
 /// @param maxChars  0 empties the control; any other number loads the whole of `text`, however long it is
 /// @return 1 when loaded; bad handle: 0
@@ -245,13 +253,15 @@ SCRIVCTL3_API UINT32 edGetLineCount(HWND control);
 SCRIVCTL3_API BOOL edGetLine(HWND control, UINT32 line, int fromSelection, wchar_t* buffer, UINT32* length);
 
 /// Inserts a text at the caret as one step of undo, in place of a selection, which goes as a step of its own. Carriage
-/// returns are dropped; a line does not grow past 462 characters by it. Nothing happens in a read-only control.
+/// returns are dropped. A line does not grow past 462 characters by it: what is too much goes on in the next line, and
+/// where the line is full already the rest of the text is dropped. Nothing happens in a read-only control.
 /// @param text  NUL-terminated; null or empty does nothing
 /// @return 1, also when nothing was done; bad handle: 0
 SCRIVCTL3_API BOOL edInsertText(HWND control, const wchar_t* text);
 
 /// Copies the text of one control, with its marks, into another and forgets the undo of that one, which takes the focus.
-/// Its caret stays as far as the new text allows. A control copied into itself only forgets its undo.
+/// Its caret stays as far as the new text allows, its selection stays whatever the new text. A control copied into
+/// itself only forgets its undo.
 /// @return 1; bad handle, be it either: 0
 SCRIVCTL3_API BOOL edCopyData(HWND source, HWND destination);
 
@@ -259,8 +269,8 @@ SCRIVCTL3_API BOOL edCopyData(HWND source, HWND destination);
 
 /// Moves the caret, brings it into view, takes the focus and drops the selection: edSetCaretPositionAdv with the flags
 /// ED_CARET_REDRAW, ED_CARET_CENTRE and ED_CARET_FOCUS. Bad handle: nothing happens.
-/// @param line, col  a `col` past the end of its line stands for that end; a negative `col`, or a line that does not
-///                   exist, leaves the caret and only scrolls
+/// @param line  one that the text has not leaves the caret and only scrolls; one below -1 counts as 0
+/// @param col   cut to the length of the line; a negative one leaves the caret and only scrolls
 SCRIVCTL3_API void edSetCaretPosition(HWND control, int line, int col);
 
 /// Moves the caret as told. Bad handle: nothing happens.
@@ -275,7 +285,7 @@ SCRIVCTL3_API void edSetScrollPosition(HWND control, int line, int col);
 /// Asks for a position.
 /// @param code  ED_POSITION_ code
 /// @param out   gets the answer; untouched when the result is 0
-/// @return 1; 0 for any other code, and for a selection when there is none; bad handle: 0
+/// @return 1; 0 for any other code, for a selection when there is none and when `out` is null; bad handle: 0
 SCRIVCTL3_API BOOL edGetPosition(HWND control, int code, edPoint* out);
 
 /// Asks for a mode.
@@ -302,7 +312,7 @@ SCRIVCTL3_API BOOL edCanExecCommand(HWND control, int code);
 SCRIVCTL3_API BOOL edSetBreakPoint(HWND control, UINT32 line);
 
 /// Removes the break point of a line that has characters; that of a line that has become empty stays.
-/// @return 1, also when there was none; 0 when `line` is past the end; bad handle: 0
+/// @return 1, also when there was none and for a negative `line`; 0 when `line` is past the end; bad handle: 0
 SCRIVCTL3_API BOOL edRemoveBreakPoint(HWND control, UINT32 line);
 
 /// Removes all break points, those of empty lines too. Bad handle: nothing happens.
@@ -311,11 +321,12 @@ SCRIVCTL3_API void edRemoveAllBreakPoints(HWND control);
 /// @return the number of lines with a break point; bad handle: -1
 SCRIVCTL3_API int edGetBreakPointCount(HWND control);
 
-/// @param index  from 0, in the order of the lines
+/// @param index  from 0, in the order of the lines; a negative one gives line 0
 /// @return the line of that break point; -1 when there is none; bad handle: -1
 SCRIVCTL3_API int edGetBreakPointLine(HWND control, UINT32 index);
 
-/// Moves the execution point to a line. One past the end leaves it where it is.
+/// Moves the execution point to a line. One past the end leaves it where it is; a negative one takes it away and puts a
+/// record into the log.
 /// @return 1, also when the line was refused; bad handle: 0
 SCRIVCTL3_API BOOL edSetExecPoint(HWND control, UINT32 line);
 
