@@ -1,7 +1,10 @@
 #include "editing/Deletion.h"
 
 #include "editing/CommentUnits.h"
+#include "editing/HeldText.h"
 #include "store/MemStor.h"
+
+#include <utility>
 
 void xTDeletion::Run()
 {
@@ -17,13 +20,15 @@ void xTDeletion::Round()
     const std::int64_t rest = std::int64_t{line.GetLength()} - m_cursor.col;
     if (HoldsCommentMark(line.m_text))
         m_store.comments_valid = false;
-    if (rest == 0) {
+    if (rest == 0 && m_held && m_held->FirstLine() == m_cursor.line + 1) {
+        StepToHeldLines(line);
+    } else if (rest == 0) {
         JoinNextLine(line);
     } else {
         if (rest >= m_count)
             EndInLine(line);
         else
-            TakeTail(line, rest);
+            TakeTail(line);
         Finish(1 + rest);
     }
     m_firstRound = false;
@@ -84,17 +89,15 @@ void xTDeletion::EndInLine(xTExtString& line)
 
 // Takes the line from the cursor on. Its break is counted, but goes only when a later round joins what is left of the
 // last line to the line where the deletion began: one that begins inside a line and ends on a break leaves that break.
-// Required.
-void xTDeletion::TakeTail(xTExtString& line, std::int64_t rest)
+// Required. A line that goes from its first character on is never met here: it goes as a whole.
+void xTDeletion::TakeTail(xTExtString& line)
 {
-    if (rest == line.GetLength()) {
-        m_store.remove_line(m_cursor.line);
-    } else if (rest < line.GetLength()) {
-        if (rest > 0)  // below 0 for a cursor behind the end of its line, which has nothing to give
-            line.DeleteSubString(m_cursor.col, -1);
-        Store(m_cursor.line, line);
-        ++m_cursor.line;
-    }
+    if (m_cursor.col < 0)
+        return;
+    if (m_cursor.col < line.GetLength())  // a cursor behind the end of its line has nothing to take
+        line.DeleteSubString(m_cursor.col, -1);
+    Store(m_cursor.line, line);
+    ++m_cursor.line;
 }
 
 void xTDeletion::Store(std::int32_t index, const xTExtString& line)
@@ -111,8 +114,14 @@ bool xTDeletion::TakeWholeLines()
         return false;
     std::int32_t heir = -1;  // the empty line that the next one was joined to: its record is the one that stays
     std::int32_t behind = m_cursor.line;
-    while (m_count >= 1 && StepOverWholeLine(behind, heir))
-        ++behind;
+    while (m_count >= 1) {
+        if (m_held && m_held->FirstLine() == behind)
+            behind += StepOverHeldLines(heir);
+        else if (StepOverWholeLine(behind, heir))
+            ++behind;
+        else
+            break;
+    }
     if (behind == m_cursor.line)
         return false;
     if (heir >= 0) {
@@ -120,10 +129,45 @@ bool xTDeletion::TakeWholeLines()
         kept.m_flags = m_store.lines[heir].m_flags;
         kept.m_snapshotLine = m_store.lines[heir].m_snapshotLine;
     }
-    m_store.lines.RemoveAt(m_cursor.line, behind - m_cursor.line);
-    m_store.note_change(m_cursor.line, m_cursor.line);
+    RemoveLines(behind - m_cursor.line);
     m_firstRound = false;
     return true;
+}
+
+void xTDeletion::RemoveLines(std::int32_t count)
+{
+    if (xTHeldText* const held = std::exchange(m_held, nullptr)) {
+        held->TakeLines(m_store.lines);
+        count -= held->LineCount();
+    }
+    m_store.lines.RemoveAt(m_cursor.line, count);
+    m_store.note_change(m_cursor.line, m_cursor.line);
+}
+
+// The deletion begins on a break. The joins that it would make one by one, taking each line again behind them, come to
+// the lines going as a whole.
+void xTDeletion::StepToHeldLines(const xTExtString& line)
+{
+    m_shift = line.GetLength();
+    m_count -= 1;
+    m_cursor = {m_cursor.line + 1, 0};
+}
+
+// Of the lines that are held all is known that stepping over them one by one would tell.
+std::int32_t xTDeletion::StepOverHeldLines(std::int32_t& heir)
+{
+    const std::int32_t behind = m_held->FirstLine() + m_held->LineCount();
+    const std::int32_t empty = m_held->EmptyAtEnd();
+    if (empty < m_held->LineCount())
+        heir = -1;
+    if (empty > 0) {
+        heir = heir < 0 ? behind - empty : heir;
+        m_shift = 0;
+    }
+    if (m_held->HoldsMark())
+        m_store.comments_valid = false;
+    m_count -= m_held->WholeLength();
+    return m_held->LineCount();
 }
 
 bool xTDeletion::StepOverWholeLine(std::int32_t index, std::int32_t& heir)

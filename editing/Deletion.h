@@ -5,14 +5,16 @@
 #include <cstdint>
 
 class xTExtString;
+class xTHeldText;
 class xTMemStorage;
 
 /// One deletion of counted text, in rounds: each takes what it can of the line that the cursor stands in.
 class xTDeletion {
 public:
     /// @param split may be null; set when a join stopped at the limit
-    xTDeletion(xTMemStorage& store, const xTPos& start, std::int32_t count, bool* split) noexcept
-        : m_store(store), m_start(start), m_cursor(start), m_count(count), m_split(split)
+    /// @param held  may be null; planned for just this deletion, it takes the lines that go as a whole
+    xTDeletion(xTMemStorage& store, const xTPos& start, std::int32_t count, bool* split, xTHeldText* held) noexcept
+        : m_store(store), m_start(start), m_cursor(start), m_count(count), m_split(split), m_held(held)
     {}
 
     void Run();
@@ -23,10 +25,13 @@ private:
     void Round();
     void JoinNextLine(xTExtString& line);
     void EndInLine(xTExtString& line);
-    void TakeTail(xTExtString& line, std::int64_t rest);
+    void TakeTail(xTExtString& line);
     void Finish(std::int64_t taken);
     bool TakeWholeLines();
     bool StepOverWholeLine(std::int32_t line, std::int32_t& heir);
+    void StepToHeldLines(const xTExtString& line);
+    std::int32_t StepOverHeldLines(std::int32_t& heir);
+    void RemoveLines(std::int32_t count);
     void Store(std::int32_t index, const xTExtString& line);
 
     xTMemStorage& m_store;
@@ -34,6 +39,7 @@ private:
     xTPos m_cursor;
     std::int64_t m_count;
     bool* m_split;
+    xTHeldText* m_held;
     std::int32_t m_shift = 0;
     bool m_firstRound = true;
 };

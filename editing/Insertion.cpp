@@ -21,6 +21,29 @@ std::int32_t ExpandTabs(xTExtString& piece, const xTTabSettings* tabs)
     return piece.GetLength() - before;
 }
 
+void InsertAtCaret(xTMemStorage& store, xTExtString piece, std::int32_t& count)
+{
+    const xTPos pos = store.caret;
+    store.insert_piece(count, pos, piece);
+    store.set_caret_raw({pos.line, pos.col + piece.GetLength()});
+}
+
+void BreakAtCaret(xTMemStorage& store)
+{
+    store.split_line(store.caret);
+    store.wnd->Invalidate();
+    xTPos next = store.caret;
+    store.next_pos(next, true);
+    store.set_caret_raw(next);
+}
+
+void xTLineFrame::Dress(xTExtString& line) const
+{
+    line.m_flags = m_flags;
+    if (m_inComment)
+        line.m_attrs = SharedRun(xTExtString::attrBase | xTExtString::attrComment, line.GetLength());
+}
+
 xTInsertion::xTInsertion(xTMemStorage& store, const CString& text, std::int32_t& count)
     : m_store(store), m_count(count), m_reader(text, count)
 {}
@@ -55,12 +78,9 @@ bool xTInsertion::FitPiece()
 // Inserts the piece in the line of the caret. Returns false behind the last piece.
 bool xTInsertion::PutPiece()
 {
-    const xTPos pos = m_store.caret;
-    xTExtString piece(m_reader.Piece());
     const std::int32_t before = m_count;
-    m_store.insert_piece(m_count, pos, piece);
+    InsertAtCaret(m_store, xTExtString(m_reader.Piece()), m_count);
     m_reader.Grow(m_count - before);
-    m_store.set_caret_raw({pos.line, pos.col + piece.GetLength()});
     if (!m_reader.IsBroken()) {
         m_store.wnd->InvalidateCaretLine();
         return false;
@@ -73,22 +93,15 @@ void xTInsertion::StepToNewLine()
 {
     // A caret outside its line splits nothing and steps to the line that follows: the text goes on there.
     m_atNewLine = m_store.is_valid_pos(m_store.caret);
-    m_store.split_line(m_store.caret);
-    m_store.wnd->Invalidate();
-    xTPos next = m_store.caret;
-    m_store.next_pos(next, true);
-    m_store.set_caret_raw(next);
+    BreakAtCaret(m_store);
     if (m_atNewLine)
         PrepareWholeLines();
 }
 
-// The caret stands before the tail of the line that was split. Each piece that a line feed ends becomes a line before
-// that tail: what inserting it there and splitting behind it gives, without moving the tail each time.
+// The caret stands before the tail of the line that was split. Each piece that a line feed ends becomes a line before it.
 void xTInsertion::PrepareWholeLines()
 {
-    const xTExtString& tail = m_store.lines[m_store.caret.line];
-    m_inComment = tail.IsInComment(0);
-    m_flags = tail.m_flags;
+    m_frame = xTLineFrame(m_store.lines[m_store.caret.line]);
     m_carves = m_reader.CharactersAhead() >= slabWorth;
     m_store.lines.Reserve(m_store.lines.GetSize() + m_reader.FeedsAhead());
 }
@@ -97,9 +110,7 @@ void xTInsertion::PutWholeLine()
 {
     xTExtString line(m_carves ? m_slabs.Carve(m_reader.Piece()) : CString(m_reader.Piece()));
     const std::int32_t growth = ExpandTabs(line, m_store.attribs);
-    line.m_flags = m_flags;
-    if (m_inComment)
-        line.m_attrs = SharedRun(xTExtString::attrBase | xTExtString::attrComment, line.GetLength());
+    m_frame.Dress(line);
     if (m_store.comments_valid && HoldsCommentUnit(line.m_text))
         m_store.comments_valid = false;
     const std::int32_t at = m_store.caret.line;

@@ -1,6 +1,7 @@
 #include "diagnostics/Guarded.h"
 #include "editing/CommentUnits.h"
 #include "editing/Deletion.h"
+#include "editing/HeldText.h"
 #include "editing/Insertion.h"
 #include "editing/SelectionExtend.h"
 #include "store/MemStor.h"
@@ -27,6 +28,18 @@ void xTMemStorage::insert_at_caret(std::int32_t& count, CString& text, bool rejo
         if (rejoin)
             join_next_line();
         rescan_comments();
+    });
+}
+
+bool xTMemStorage::put_back(const xTPos& pos, xTHeldText& text)
+{
+    return Guarded(true, [&] {
+        if (!wnd || !wnd->Handle() || !text.FitsAt(*this, pos))
+            return false;
+        set_caret_raw(pos);
+        text.PutBack(*this);
+        rescan_comments();
+        return true;
     });
 }
 
@@ -89,7 +102,7 @@ void xTMemStorage::remove_line(std::int32_t index)
     note_change(index, index);
 }
 
-void xTMemStorage::delete_text(const xTPos& pos, std::int32_t count, bool* split)
+void xTMemStorage::delete_text(const xTPos& pos, std::int32_t count, bool* split, xTHeldText* held)
 {
     Guarded([&] {
         if (pos.line < 0 || (pos.line == 0 && pos.col < 0) || pos >= end_pos())
@@ -98,7 +111,7 @@ void xTMemStorage::delete_text(const xTPos& pos, std::int32_t count, bool* split
             *split = false;
         const xTPos start = pos;
         const std::int32_t before = line_count();
-        xTDeletion deletion(*this, start, count, split);
+        xTDeletion deletion(*this, start, count, split, held);
         deletion.Run();
         if (wnd)
             wnd->InvalidateCaretLine();
@@ -126,26 +139,32 @@ void xTMemStorage::shift_selection(const xTPos& start, std::int32_t lineDelta, s
     set_caret({last().line, last().col + 1});
 }
 
-void xTMemStorage::delete_at_caret(CString& text, xTPos& pos, std::int32_t& count, bool& split)
+void xTMemStorage::delete_at_caret(CString& text, xTPos& pos, std::int32_t& count, bool& split,
+                                   std::unique_ptr<xTHeldText>* held)
 {
     Guarded([&] {
         if (has_selection())
-            delete_selection(text, pos, count, split);
+            delete_selection(text, pos, count, split, held);
         else if (caret < end_pos())
             delete_one(text, pos, count, split);
     });
 }
 
-void xTMemStorage::delete_selection(CString& text, xTPos& pos, std::int32_t& count, bool& split)
+void xTMemStorage::delete_selection(CString& text, xTPos& pos, std::int32_t& count, bool& split,
+                                    std::unique_ptr<xTHeldText>* held)
 {
     pos = first();
+    std::unique_ptr<xTHeldText> lines = held ? xTHeldText::Plan(*this, first(), last()) : nullptr;
     CString gone;
-    selected_text(gone);
+    const std::int32_t length = lines ? lines->Length() : selected_text(gone);
     set_caret_raw(first());
-    const std::int32_t length = gone.GetLength();
-    text = std::move(gone);
-    text.AppendChar(0);
-    delete_text(pos, length, &split);
+    if (!lines) {
+        text = std::move(gone);
+        text.AppendChar(0);
+    }
+    delete_text(pos, length, &split, lines.get());
+    if (lines)
+        *held = std::move(lines);
     count = length;
     selection.first = selection.last = xTPos::none;
     if (wnd)

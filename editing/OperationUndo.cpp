@@ -1,4 +1,5 @@
 #include "diagnostics/Guarded.h"
+#include "editing/HeldText.h"
 #include "editing/operations.h"
 #include "store/MemStor.h"
 
@@ -38,10 +39,14 @@ void xTOperation::undo_kind()
     switch (kind) {
     case overwrite: undo_overwrite(); break;
     case insert: store->delete_text(pos, count); break;
-    case backspace:
-    case erase: store->insert_text(pos, count, text, split); break;
+    case backspace: store->insert_text(pos, count, text, split); break;
+    case erase: undo_deletion(); break;
     case enter: undo_enter(); break;
-    case delete_range: insert_and_show(pos, count, text); break;
+    case delete_range:
+        undo_deletion();
+        ensure_caret_visible();
+        invalidate();
+        break;
     case paste: store->delete_text(pos, count); clear_selection(); break;
     case insert_block: undo_block(); break;
     case replace:
@@ -93,6 +98,15 @@ void xTOperation::undo_overwrite()
     text.AppendChar(old);
     if (window)
         window->InvalidateCaretLine();
+}
+
+void xTOperation::undo_deletion()
+{
+    if (held && !split && store->put_back(pos, *held))
+        return;
+    text = Text();
+    held.reset();
+    store->insert_text(pos, count, text, split);
 }
 
 void xTOperation::undo_enter()

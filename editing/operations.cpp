@@ -2,6 +2,7 @@
 
 #include "diagnostics/Guarded.h"
 #include "editing/ClipboardText.h"
+#include "editing/HeldText.h"
 #include "editing/SearchRequest.h"
 #include "framework/base/Platform.h"
 #include "store/MemStor.h"
@@ -120,7 +121,8 @@ xTOperation::xTOperation(const xTRange& range, xTStoreWindow* window, xTMemStora
         if (!store)
             return;
         xTPos last = range.last;
-        count = store->get_text(range.first, last, text);
+        held = xTHeldText::Plan(*store, range.first, last);
+        count = held ? held->Length() : store->get_text(range.first, last, text);
         pos = range.first;
     });
 }
@@ -162,11 +164,21 @@ xTOperation::xTOperation(const xTSearchRequest& request, xTStoreWindow* window, 
 }
 
 xTOperation::xTOperation(const xTOperation& other)
-    : pos(other.pos), count(other.count), text(other.text), kind(other.kind), window(other.window), store(other.store),
+    : pos(other.pos), count(other.count), text(other.Text()), kind(other.kind), window(other.window), store(other.store),
       split(other.split)
 {}
 
 xTOperation::~xTOperation() = default;
+
+CString xTOperation::Text() const
+{
+    if (!held)
+        return text;
+    CString spelt = held->Spelt();
+    if (kind == erase)
+        spelt.AppendChar(0);
+    return spelt;
+}
 
 bool xTOperation::apply()
 {
@@ -183,8 +195,8 @@ bool xTOperation::apply_kind()
     case insert: store->insert_text(pos, count, text, false); return true;
     case backspace: apply_backspace(); return true;
     case enter: apply_enter(); return true;
-    case erase: store->delete_at_caret(text, pos, count, split); return true;
-    case delete_range: store->delete_text(pos, count); return true;
+    case erase: store->delete_at_caret(text, pos, count, split, &held); return true;
+    case delete_range: store->delete_text(pos, count, nullptr, held && !held->IsTaken() ? held.get() : nullptr); return true;
     case paste: insert_and_show(pos, count, text); return true;
     case insert_block: apply_block(); return true;
     case replace: return apply_replace();

@@ -4,8 +4,10 @@
 #include "store/Positions.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
+class xTHeldText;
 class xTMemStorage;
 class xTStoreWindow;
 struct xTSearchRequest;
@@ -76,7 +78,7 @@ public:
     xTPos pos;               ///< where the edit acts; the view is sent there before undo and redo
     std::int32_t count = 0;  ///< characters of `text` that the edit handles; 0 keeps it off the stack
     std::int32_t count2 = 0;
-    CString text;            ///< added or removed; for block kinds the lines before the change
+    CString text;            ///< added or removed; for block kinds the lines before the change; not set while `held` is
     CString text2;           ///< taken away by a move; for block kinds the lines after the change
     std::int32_t kind = none;
     CString find_text;
@@ -94,6 +96,10 @@ public:
     /// keystroke two blocks.
     std::vector<xTReplaceRecord> replacements;
     bool split = false;         ///< the deletion stopped at the join limit; undo hands it back as `rejoin`
+    std::unique_ptr<xTHeldText> held;  ///< erase, delete_range: what went, as the lines that it was; null for a string
+
+    /// What `text` is, or would be if it were not held as lines.
+    [[nodiscard]] CString Text() const;
 
 private:
     xTOperation(std::int32_t kind, xTStoreWindow* window, xTMemStorage* store) noexcept;
@@ -115,6 +121,7 @@ private:
 
     void undo_kind();
     void undo_overwrite();
+    void undo_deletion();
     void undo_enter();
     void undo_block();
     void redo_kind();

@@ -30,6 +30,13 @@ inline xTEightHits EightEqual(const WCHAR* at, WCHAR ch) noexcept
     return {_mm_cmpeq_epi16(units, _mm_set1_epi16(static_cast<short>(ch)))};
 }
 
+inline xTEightHits EightUpTo(const WCHAR* at, WCHAR limit) noexcept
+{
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    const __m128i above = _mm_subs_epu16(units, _mm_set1_epi16(static_cast<short>(limit)));  // 0 for what is not above
+    return {_mm_cmpeq_epi16(above, _mm_setzero_si128())};
+}
+
 #else
 
 /// Of each of eight places, whether it has what is looked for.
@@ -46,6 +53,14 @@ inline xTEightHits EightEqual(const WCHAR* at, WCHAR ch) noexcept
     unsigned hits = 0;
     for (std::size_t i = 0; i < eightUnits; ++i)
         hits |= static_cast<unsigned>(at[i] == ch) << i;
+    return {hits};
+}
+
+inline xTEightHits EightUpTo(const WCHAR* at, WCHAR limit) noexcept
+{
+    unsigned hits = 0;
+    for (std::size_t i = 0; i < eightUnits; ++i)
+        hits |= static_cast<unsigned>(at[i] <= limit) << i;
     return {hits};
 }
 

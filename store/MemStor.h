@@ -14,6 +14,7 @@
 class CDC;
 class CWnd;
 class xTAttribTable;
+class xTHeldText;
 struct xTHighlightHook;
 struct xTPrintSetup;
 namespace zsl {
@@ -118,10 +119,16 @@ public:
     /// Lines are joined up to `joinLimit`; where that stops a join, the break stays and characters move across it.
     /// The caret stays, except that a selection behind `pos` is shifted and the caret put behind it.
     /// @param split out, may be null: a join was stopped
-    void delete_text(const xTPos& pos, std::int32_t count, bool* split = nullptr);
+    /// @param held  may be null; planned for this very text, it gets the lines that go as a whole
+    void delete_text(const xTPos& pos, std::int32_t count, bool* split = nullptr, xTHeldText* held = nullptr);
     /// The Delete key: the selection, or the character at `pos`, which is the caret.
     /// @param text, count  get what went, `text` with a zero behind it; untouched where nothing goes
-    void delete_at_caret(CString& text, xTPos& pos, std::int32_t& count, bool& split);
+    /// @param held  may be null; gets the text, less the zero, in the place of `text` where it can be held
+    void delete_at_caret(CString& text, xTPos& pos, std::int32_t& count, bool& split,
+                         std::unique_ptr<xTHeldText>* held = nullptr);
+    /// Inserts a held text as insert_text would what it spells.
+    /// @return false, with nothing done, when that has to do it
+    bool put_back(const xTPos& pos, xTHeldText& text);
     void overwrite_char(const xTPos& pos, WCHAR ch);  ///< nothing on the last line of the text
     void overwrite_at_caret(WCHAR ch);
     /// Replaces the characters at `pos`, as many as `old` has, within the line and without any limit.
@@ -218,7 +225,8 @@ private:
     void insert_pieces(std::int32_t& count, CString& text);
     void join_next_line();
     void shift_selection(const xTPos& start, std::int32_t lineDelta, std::int32_t shift);
-    void delete_selection(CString& text, xTPos& pos, std::int32_t& count, bool& split);
+    void delete_selection(CString& text, xTPos& pos, std::int32_t& count, bool& split,
+                          std::unique_ptr<xTHeldText>* held);
     void delete_one(CString& text, const xTPos& pos, std::int32_t& count, bool& split);
     void replace_selected(xTPos& pos, CString& find, const CString& replacement, bool match_case, xTPos& replaced,
                           xTPos& behind);

@@ -12,7 +12,6 @@
 namespace {
 
 constexpr WCHAR attrInside = xTExtString::attrComment;  // a character typed inside a comment lacks the base bit
-constexpr std::uint16_t commentFlags = xTExtString::flagHasComment | xTExtString::flagStartsInside;
 
 WString Decimal(std::int32_t number)
 {

@@ -21,6 +21,8 @@ public:
     static constexpr std::uint16_t flagExecPoint = 0x0010;
     static constexpr std::uint16_t flagStartsInside = 0x0020;   ///< begins in a block comment opened on an earlier line
 
+    static constexpr std::uint16_t commentFlags = flagHasComment | flagStartsInside;
+
     static constexpr std::int32_t noSnapshot = -1;
 
     /// The delimiters that bound a word; the underscore, digits and letters are not among them.

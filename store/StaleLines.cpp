@@ -30,6 +30,34 @@ void xTStaleLines::Note(std::int32_t first, std::int32_t last, std::int32_t line
         JoinNearest();
 }
 
+void xTStaleLines::Insert(std::int32_t first, std::int32_t count, std::int32_t lineCount) noexcept
+{
+    if (m_lineCount == unknown)
+        return;
+    m_lineCount = lineCount;
+    const auto begin = m_ranges.begin();
+    const auto end = begin + static_cast<std::ptrdiff_t>(m_count);
+    auto behind = std::partition_point(begin, end, [=](const xTLineRange& range) { return range.last < first; });
+    if (behind != end && behind->first < first) {  // the new lines part a range
+        std::move_backward(behind, end, end + 1);
+        behind->last = first - 1;
+        (++behind)->first = first;
+        ++m_count;
+    }
+    std::for_each(behind, begin + static_cast<std::ptrdiff_t>(m_count),
+                  [=](xTLineRange& range) { range = {range.first + count, range.last + count}; });
+    if (m_count > mostRanges)
+        JoinNearest();
+    Note(first, first, lineCount);
+    Note(first + count, first + count, lineCount);
+}
+
+bool xTStaleLines::Meets(std::int32_t first, std::int32_t last, std::int32_t lineCount) const noexcept
+{
+    return IsWholeText(lineCount) ||
+           std::ranges::any_of(Ranges(), [=](const xTLineRange& r) { return r.first <= last && first <= r.last; });
+}
+
 void xTStaleLines::JoinNearest() noexcept
 {
     std::size_t nearest = 1;

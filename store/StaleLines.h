@@ -29,6 +29,11 @@ public:
     /// become longer or shorter has done so within them: they stand where fewer or more lines stood.
     void Note(std::int32_t first, std::int32_t last, std::int32_t lineCount) noexcept;
 
+    /// `count` lines whose marks are right, if only the first of them begins as it did, came in before line `first`.
+    void Insert(std::int32_t first, std::int32_t count, std::int32_t lineCount) noexcept;
+
+    /// True when a line from `first` to `last` may have wrong marks.
+    [[nodiscard]] bool Meets(std::int32_t first, std::int32_t last, std::int32_t lineCount) const noexcept;
     /// True when any line may have wrong marks, as for a text that was never scanned.
     [[nodiscard]] bool IsWholeText(std::int32_t lineCount) const noexcept { return m_lineCount != lineCount; }
     /// Ascending, with at least one line between two of them; the last may reach past the end of the text.

@@ -301,6 +301,14 @@ bool AllUnitsAre(WStrView text, WCHAR word) noexcept
     return std::all_of(rest.begin(), rest.end(), [=](WCHAR ch) { return ch == word; });
 }
 
+bool AnyUnitUpTo(WStrView text, WCHAR limit) noexcept
+{
+    const WCHAR* const units = text.data();
+    return HasHit(
+        0, text.size(), [=](std::size_t i) { return EightUpTo(units + i, limit); },
+        [=](std::size_t i) { return units[i] <= limit; });
+}
+
 bool AnyUnitHas(WStrView text, WCHAR bits) noexcept
 {
     std::size_t i = 0;

@@ -43,5 +43,8 @@ inline constexpr std::size_t mostEndUnits = 4;
 /// True when each unit equals `word`; an empty text has only equals.
 [[nodiscard]] bool AllUnitsAre(WStrView text, WCHAR word) noexcept;
 
+/// True when some unit is not above `limit`.
+[[nodiscard]] bool AnyUnitUpTo(WStrView text, WCHAR limit) noexcept;
+
 /// True when some unit has one of the bits of `bits`.
 [[nodiscard]] bool AnyUnitHas(WStrView text, WCHAR bits) noexcept;

@@ -77,6 +77,43 @@ public:
         m_size -= count;
     }
 
+    /// Makes the room in `to`, an empty array, that TakeOut needs for a run of `count` records.
+    void ReserveForTakeOut(index count, CArray& to) const { to.Reserve(std::min(count, m_size - count)); }
+
+    /// Moves a run of records into `to`, an empty array that ReserveForTakeOut has made ready. The larger part, be it
+    /// the run or the rest, stays in the block that it is in, and only the other one moves out of it.
+    void TakeOut(index at, index count, CArray& to)
+    {
+        CheckRun(at, count);
+        const index rest = m_size - count;
+        if (to.m_size != 0 || to.m_capacity < std::min(count, rest))
+            ThrowInvalidArgException();
+        MoveGapTo(at + count);
+        if (count <= rest) {
+            Relocate(to.m_data, m_data + at, count);
+            to.m_size = to.m_gap = count;
+            m_size = rest;
+            m_gap = at;
+            return;
+        }
+        const index tail = rest - at;
+        Relocate(to.m_data, m_data, at);
+        Relocate(to.m_data + to.m_capacity - tail, BehindGap(), tail);
+        Relocate(m_data, m_data + at, count);
+        to.m_size = rest;
+        to.m_gap = at;
+        m_size = m_gap = count;
+        Swap(to);
+    }
+
+    void Swap(CArray& other) noexcept
+    {
+        std::swap(m_data, other.m_data);
+        std::swap(m_size, other.m_size);
+        std::swap(m_capacity, other.m_capacity);
+        std::swap(m_gap, other.m_gap);
+    }
+
     void RemoveAll() noexcept
     {
         std::destroy_n(m_data, m_gap);

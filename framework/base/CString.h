@@ -100,6 +100,17 @@ public:
     /// written, the terminator behind them may not.
     [[nodiscard]] WCHAR* OwnBuffer() { return Splice(0, 0, 0); }
 
+    /// One more owner of the text, as a copy is, for a string that no other thread reads meanwhile: a sole owner needs no
+    /// locked instruction then to become one of two.
+    [[nodiscard]] CString Share() noexcept
+    {
+        auto& refs = Header()->refs;
+        if (Header()->capacity == forever || refs.load(std::memory_order_relaxed) != 1)
+            return *this;
+        refs.store(2, std::memory_order_relaxed);
+        return {m_text, xTAdopt{}};
+    }
+
     /// True when both strings share one buffer: for tests of what a copy costs.
     [[nodiscard]] bool SharesBufferWith(const CString& other) const noexcept { return m_text == other.m_text; }
 

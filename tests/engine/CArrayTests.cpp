@@ -125,6 +125,42 @@ TEST(CArrayRecords, AnElementCanBeAddedToItsOwnArray)
     EXPECT_EQ(array[50], _T("first"));
 }
 
+TEST(CArrayTakeOut, MovesARunWhicheverPartIsTheLarger)
+{
+    for (const int gap : {0, 3, 5, 9}) {
+        for (int at = 0; at <= 9; ++at) {
+            for (int count = 0; count <= 9 - at; ++count) {
+                xTTexts array;
+                Fill(array, 9);
+                array.InsertAt(gap);
+                array.RemoveAt(gap);  // the free room stands there now
+                std::vector<WString> rest = Contents(array);
+                const std::vector<WString> run(rest.begin() + at, rest.begin() + at + count);
+                rest.erase(rest.begin() + at, rest.begin() + at + count);
+                xTTexts taken;
+                array.ReserveForTakeOut(count, taken);
+                const auto made = xTFailingNew::Allocations();
+                array.TakeOut(at, count, taken);
+                EXPECT_EQ(xTFailingNew::Allocations(), made);
+                EXPECT_EQ(Contents(array), rest);
+                EXPECT_EQ(Contents(taken), run);
+                array.Add(CString(_T("new")));
+                taken.Add(CString(_T("new")));
+                EXPECT_EQ(array.GetSize() + taken.GetSize(), 11);
+            }
+        }
+    }
+}
+
+TEST(CArrayTakeOut, WithoutTheRoomForItRaisesInvalidArgument)
+{
+    xTTexts array;
+    Fill(array, 4);
+    xTTexts taken;
+    EXPECT_TRUE(RaisesInvalidArgument([&] { array.TakeOut(1, 2, taken); }));
+    EXPECT_EQ(array.GetSize(), 4);
+}
+
 TEST(CArrayIndex, OutsideTheArrayRaisesInvalidArgument)
 {
     xTTexts array;

@@ -104,6 +104,19 @@ TEST(CStringSharing, ACopyCostsNoAllocation)
     }), 0);
 }
 
+TEST(CStringSharing, AShareIsACopy)
+{
+    CString text(_T("abc"));
+    CString first = text.Share();
+    const CString second = text.Share();
+    EXPECT_TRUE(first.SharesBufferWith(text) && second.SharesBufferWith(text));
+    first.SetAt(0, _T('x'));
+    EXPECT_EQ(text, _T("abc"));
+    text.Empty();
+    EXPECT_EQ(second, _T("abc"));
+    EXPECT_TRUE(text.Share().IsEmpty());
+}
+
 TEST(CStringSharing, AChangeOfOneLeavesTheOtherAlone)
 {
     const CString text = Abc();

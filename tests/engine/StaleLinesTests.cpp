@@ -123,3 +123,38 @@ TEST(StaleLines, NoChangedLineIsEverLost)
         }
     }
 }
+
+TEST(StaleLines, LinesWithRightMarksPartARangeAndAreAskedAtTheirEdges)
+{
+    xTStaleLines stale = Clean(20);
+    stale.Note(3, 6, 20);
+    stale.Note(15, 16, 20);
+    stale.Insert(5, 100, 120);
+    EXPECT_EQ(Shown(stale), "3-5 105-106 115-116 ");
+    EXPECT_FALSE(stale.IsWholeText(120));
+    EXPECT_TRUE(stale.Meets(0, 3, 120));
+    EXPECT_FALSE(stale.Meets(6, 104, 120));
+    EXPECT_TRUE(stale.Meets(6, 105, 120));
+    EXPECT_TRUE(stale.Meets(6, 7, 121)) << "a text of another length is in doubt as a whole";
+}
+
+TEST(StaleLines, LinesWithRightMarksLeaveATextInDoubtAsItIs)
+{
+    xTStaleLines stale;
+    stale.Insert(5, 100, 120);
+    EXPECT_TRUE(stale.IsWholeText(120));
+}
+
+TEST(StaleLines, ARangeThatIsPartedWhenThereIsNoRoomForMoreJoinsTheNearest)
+{
+    constexpr auto ranges = static_cast<std::int32_t>(xTStaleLines::mostRanges);
+    xTStaleLines stale = Clean(1000);
+    for (std::int32_t i = 0; i < ranges; ++i)
+        stale.Note(20 * i, 20 * i + 5, 1000);
+    stale.Insert(2, 7, 1007);
+    EXPECT_LE(stale.Ranges().size(), xTStaleLines::mostRanges);
+    for (std::int32_t i = 1; i < ranges; ++i)
+        EXPECT_TRUE(stale.Meets(20 * i + 7, 20 * i + 12, 1007));
+    for (const std::int32_t line : {0, 1, 2, 9, 12})
+        EXPECT_TRUE(stale.Meets(line, line, 1007)) << line;
+}

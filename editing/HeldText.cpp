@@ -1,0 +1,170 @@
+#include "editing/HeldText.h"
+
+#include "editing/CommentUnits.h"
+#include "editing/Insertion.h"
+#include "store/MemStor.h"
+#include "store/WideScan.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace {
+
+bool TabsStay(const xTMemStorage& store) noexcept
+{
+    return !store.attribs || store.attribs->m_keepTabs;
+}
+
+// Would a string of it, inserted, be parted where this text is not: by a line feed, which a replacement may have brought
+// in, or by a zero, where it ends?
+bool IsParted(WStrView text) noexcept
+{
+    constexpr WCHAR parting[] = {_T('\n'), 0};
+    return FindAnyUnit(text, parting, 0) < text.size();
+}
+
+bool FitsInLine(std::int32_t present, std::int32_t added) noexcept
+{
+    return added == 0 || present + added <= xTMemStorage::insertLimit;
+}
+
+}  // namespace
+
+std::unique_ptr<xTHeldText> xTHeldText::Plan(const xTMemStorage& store, const xTPos& from, xTPos to)
+{
+    to = std::min(to, store.end_pos());
+    if (!store.is_valid_pos(from) || to.line - from.line < 2)
+        return nullptr;
+    std::unique_ptr<xTHeldText> text(new xTHeldText);
+    text->m_head = store.lines[from.line].m_text.Mid(from.col);
+    text->m_tail = store.lines[to.line].m_text.Left(to.col + 1);
+    text->m_firstLine = from.line + 1;
+    text->m_lineCount = to.line - from.line - 1;
+    if (!text->LookAtLines(store) || !text->GoesLineByLine(store, from, to))
+        return nullptr;
+    store.lines.ReserveForTakeOut(text->m_lineCount, text->m_lines);
+    return text;
+}
+
+// An empty line takes over the next one, and so does a line that a deletion begins at the end of. Where a join would
+// stop at the limit, or take a break more than the whole lines have, the lines do not go one by one.
+bool xTHeldText::GoesLineByLine(const xTMemStorage& store, const xTPos& from, const xTPos& to) const
+{
+    const std::int32_t first = store.line_length(from.line);
+    const std::int32_t longest = std::max(m_longest, store.line_length(to.line));
+    if (from.col == 0)
+        return std::max(first, longest) <= xTMemStorage::joinLimit;
+    if (m_head.IsEmpty())
+        return first + longest <= xTMemStorage::joinLimit && !m_tail.IsEmpty();
+    return longest <= xTMemStorage::joinLimit;
+}
+
+bool xTHeldText::LookAtLines(const xTMemStorage& store)
+{
+    const bool tabsStay = TabsStay(store);
+    if (!LookAt(m_head, tabsStay) || !LookAt(m_tail, tabsStay))
+        return false;
+    std::int64_t length = 0;
+    m_marksRight = !store.stale.Meets(m_firstLine, m_firstLine + m_lineCount - 1, store.line_count());
+    for (std::int32_t index = m_firstLine; index < m_firstLine + m_lineCount; ++index) {
+        const xTExtString& line = store.lines[index];
+        const CString& text = line.m_text;
+        if (!LookAt(text, tabsStay))
+            return false;
+        length += text.GetLength() + 1;
+        m_longest = std::max(m_longest, text.GetLength());
+        m_emptyAtEnd = text.IsEmpty() ? m_emptyAtEnd + 1 : 0;
+        m_marksRight = m_marksRight && line.m_attrs.GetLength() == text.GetLength();
+    }
+    constexpr std::int64_t longestText = std::numeric_limits<std::int32_t>::max() / 4;
+    m_wholeLength = static_cast<std::int32_t>(std::min(length, longestText));
+    return length < longestText;
+}
+
+bool xTHeldText::LookAt(WStrView text, bool tabsStay)
+{
+    if (!m_holdsMark && HoldsCommentUnit(text)) {
+        m_holdsUnit = true;
+        m_holdsMark = HoldsCommentMark(text);
+    }
+    if (!AnyUnitUpTo(text, _T('\r')))
+        return true;  // nearly every line
+    if (FindUnit(text, _T('\t'), 0) < text.size()) {
+        m_holdsTab = true;
+        if (!tabsStay)
+            return false;  // what is read of it has spaces there
+    }
+    return !IsParted(text);
+}
+
+bool xTHeldText::FitsAt(const xTMemStorage& store, const xTPos& pos) const
+{
+    if (!store.is_valid_pos(pos) || (m_holdsTab && !TabsStay(store)))
+        return false;
+    const std::int32_t present = store.line_length(pos.line);
+    const std::int32_t behind = present - pos.col;  // the rest of the line, before which all but the first piece comes in
+    return FitsInLine(present, m_head.GetLength()) && FitsInLine(behind, m_longest) && FitsInLine(behind, m_tail.GetLength());
+}
+
+void xTHeldText::PutBack(xTMemStorage& store)
+{
+    std::int32_t count = 0;  // not asked for: nothing that fits is folded or expanded, so the count of the text stays
+    InsertAtCaret(store, xTExtString(m_head), count);
+    BreakAtCaret(store);
+    PutLines(store);
+    if (m_tail.IsEmpty())
+        return;
+    InsertAtCaret(store, xTExtString(m_tail), count);
+    store.wnd->InvalidateCaretLine();
+}
+
+// What inserting each line before the rest of the caret's line and splitting behind it gives.
+void xTHeldText::PutLines(xTMemStorage& store)
+{
+    if (m_holdsUnit)
+        store.comments_valid = false;
+    const std::int32_t at = store.caret.line;
+    if (m_marksRight && m_holdsUnit)
+        PutMarkedLines(store, at);
+    else
+        PutPlainLines(store, at);
+}
+
+// A scan follows. What it would make of the lines they bring along, if only the first begins as it did.
+void xTHeldText::PutMarkedLines(xTMemStorage& store, std::int32_t at)
+{
+    xTExtString* const lines = store.lines.InsertAt(at, m_lineCount);
+    for (std::int32_t i = 0; i < m_lineCount; ++i) {
+        xTExtString& held = m_lines[i];
+        lines[i].m_text = held.m_text.Share();
+        lines[i].m_attrs = held.m_attrs;
+        lines[i].m_flags = held.m_flags & xTExtString::commentFlags;
+        lines[i].m_beganInside = held.m_beganInside;
+    }
+    store.stale.Insert(at, m_lineCount, store.line_count());
+    store.set_caret_raw({at + m_lineCount, 0});
+}
+
+void xTHeldText::PutPlainLines(xTMemStorage& store, std::int32_t at)
+{
+    const xTLineFrame frame(store.lines[at]);
+    store.lines.Reserve(store.lines.GetSize() + m_lineCount);
+    for (std::int32_t i = 0; i < m_lineCount; ++i) {
+        xTExtString line(m_lines[i].m_text.Share());
+        frame.Dress(line);
+        *store.lines.InsertAt(at + i) = std::move(line);
+        store.note_change(at + i, at + i);
+        store.set_caret_raw({at + i + 1, 0});
+    }
+}
+
+CString xTHeldText::Spelt() const
+{
+    CString text(_T('\n'), Length());
+    WCHAR* to = std::ranges::copy(m_head.view(), text.OwnBuffer()).out + 1;
+    for (std::int32_t line = 0; line < m_lineCount; ++line)
+        to = std::ranges::copy(m_lines[line].m_text.view(), to).out + 1;
+    std::ranges::copy(m_tail.view(), to);
+    return text;
+}
