@@ -417,8 +417,8 @@ public:
 
     // ---- Text in and out: the changing ones throw nothing, the asking ones std::bad_alloc
 
-    /// Replaces the text by a file's and forgets undo. Lines of more than 512 characters are cut; an empty file leaves
-    /// the old text. A file that cannot be opened or is no text is told to the user in a message box.
+    /// Replaces the text by a file's and forgets undo. Lines of more than 512 characters go on in the next one; an empty
+    /// file leaves the old text. A file that cannot be opened or is no text is told to the user in a message box.
     /// @param expected  what to try when the bytes do not tell
     /// @return the encoding found, which is also given after a fault inside; no value when it cannot be opened
     std::optional<Encoding> LoadFile(const std::wstring& path, Encoding expected = Encoding::Default) const noexcept
@@ -434,7 +434,8 @@ public:
     {
         return edSaveFile(Handle(), path.c_str(), static_cast<UINT32>(encoding)) != 0;
     }
-    /// Replaces the text and forgets undo. Lines of more than 512 characters are cut, carriage returns stay.
+    /// Replaces the text and forgets undo. Lines of more than 512 characters go on in the next one, carriage returns
+    /// stay.
     bool SetText(const std::wstring& text) const noexcept
     {
         return edLoadText(Handle(), text.c_str(), text.empty() ? 0 : 1) != 0; // the number only says: a text or none

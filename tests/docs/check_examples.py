@@ -1,13 +1,18 @@
-"""check_examples.py FOLDER INCLUDE CC CXX: each example of the page compiles on its own, as a reader would take it."""
+"""check_examples.py FOLDER INCLUDE CC CXX PAGE...: each example compiles on its own, as a reader would take it.
+
+FOLDER is what extract_examples.py has made of a page whose examples share a prelude; those of the other pages have none.
+"""
 import subprocess
 import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
+from page import Page
+
 WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Werror"]
 
 
-def main(folder, include, cc, cxx):
+def main(folder, include, cc, cxx, *pages):
     folder = Path(folder)
     languages = {".c": [cc, "-std=c99"], ".cpp": [cxx, "-std=c++20"]}
 
@@ -23,6 +28,14 @@ def main(folder, include, cc, cxx):
 
     compile_headers()
     sources = sorted((folder / "alone").iterdir())
+    for page in map(Page, pages):
+        blocks = [block for block in page.blocks if block.language == "c"]
+        for block in blocks:
+            sources.append(folder / f"{page.path.name}-{block.line}.c")
+            sources[-1].write_text(block.text, encoding="utf-8")
+        if not blocks:
+            print(f"{page.path} has no example")
+            return 1
     with ThreadPoolExecutor(2) as pool:
         failed = [result for result in pool.map(compile_one, sources) if result.returncode != 0]
     for result in failed:

@@ -1,6 +1,5 @@
 // The examples of the page do what the page says of them. They are linked in as they stand on it.
 
-#include "examples.hpp"
 #include "tests/support/TestFolder.h"
 #include "tests/support/win/ControlHost.h"
 #include "tests/support/win/HostLog.h"
@@ -9,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
 #include <vector>
 
 extern "C" {
@@ -472,25 +473,6 @@ TEST_F(PageExamples, LinesFoldAtTheTwoLimits)
     edInsertText(editor, loaded.c_str());
     EXPECT_EQ(lengthOf(0), 462u);
     EXPECT_EQ(lengthOf(1), 138u);
-}
-
-// ---- C++
-
-TEST(PageCpp, AnOwnerOfAControlGivesTextAndGoes)
-{
-    ControlHost host;
-    HWND handle = nullptr;
-    {
-        const Editor editor(host.Window(), nullptr, ED_THEME_DUSK);
-        ASSERT_TRUE(editor);
-        handle = editor.Handle();
-        editor.Show({10, 10, 210, 110});
-        EXPECT_TRUE(editor.SetText(L"one\ntwo"));
-        EXPECT_EQ(editor.Text(), L"one\ntwo");
-        EXPECT_TRUE(::IsWindowVisible(handle));
-    }
-    EXPECT_FALSE(edGetHWND(handle));
-    EXPECT_EQ(Editor().Text(), L"");
 }
 
 }  // namespace

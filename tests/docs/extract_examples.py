@@ -1,8 +1,8 @@
 """extract_examples.py PAGE FOLDER: writes the examples of a page as sources.
 
-Into FOLDER: prelude.h and prelude.hpp (the first C and C++ block), examples.c and examples.hpp (all others joined, with
-the page's line numbers), NAME.c for each block that is a program of its own, alone/N.c and .cpp (each block on its own)
-and bad_handles.inc (a row {"function", "answer"} for each function of the table).
+Into FOLDER: prelude.h and prelude.hpp (the first C and C++ block), examples.c and .cpp (all others joined, with the
+page's line numbers), NAME.c or .cpp for each block that is a program of its own, alone/N.c and .cpp (each block on its
+own) and bad_handles.inc (a row {"function", "answer"} for each function of the table).
 """
 import re
 import sys
@@ -20,12 +20,12 @@ def write(path, text):
     path.write_text(text, encoding="utf-8")
 
 
-def write_language(page, folder, language, suffix, header, joined):
+def write_language(page, folder, language, suffix, header):
     prelude, *blocks = [block for block in page.blocks if block.language == language]
     write(folder / header, located(page, prelude))
     include = f'#include "{header}"\n'
     common = [block for block in blocks if not block.program]
-    write(folder / joined, include + "".join(located(page, block) for block in common))
+    write(folder / f"examples{suffix}", include + "".join(located(page, block) for block in common))
     for block in blocks:
         write(folder / "alone" / f"{block.line}{suffix}", include + located(page, block))
         if block.program:
@@ -41,8 +41,8 @@ def main(path, folder):
     page, folder = Page(path), Path(folder)
     for old in (folder / "alone").glob("*"):
         old.unlink()
-    write_language(page, folder, "c", ".c", "prelude.h", "examples.c")
-    write_language(page, folder, "cpp", ".cpp", "prelude.hpp", "examples.hpp")
+    write_language(page, folder, "c", ".c", "prelude.h")
+    write_language(page, folder, "cpp", ".cpp", "prelude.hpp")
     write(folder / "bad_handles.inc", bad_handles(page))
 
 
