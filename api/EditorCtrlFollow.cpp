@@ -24,6 +24,10 @@ int CEditorCtrl::CaretOutOfView(std::int32_t& count) const noexcept
 {
     const RECT caret = CaretBlockingRect();
     const RECT client = ClientRect();
+    // A view with no room for a whole line, or for the caret itself, shows of them what it can: taken as it is it would be
+    // sent past the caret, from where it comes back, and so on for ever.
+    const std::int32_t rows = std::max(VisibleLines(), 1);
+    const LONG right = std::max<LONG>(client.right, m_caret.Width());
     const std::int32_t line = m_store ? m_store->caret.line : 0;
     int code = inView;
     count = 0;
@@ -35,12 +39,12 @@ int CEditorCtrl::CaretOutOfView(std::int32_t& count) const noexcept
         count = m_topLine - line;
         code = outAbove;
     }
-    if (caret.right > client.right) {
-        count = ColumnsFor(caret.right - client.right, CharWidth());
+    if (caret.right > right) {
+        count = ColumnsFor(caret.right - right, CharWidth());
         code = outRight;
     }
     if (caret.bottom > client.bottom) {
-        count = line - m_topLine - VisibleLines() + 1;
+        count = line - m_topLine - rows + 1;
         code = outBelow;
     }
     return count < 1 ? inView : code;
