@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
-"""Says whether a PNG shows something: check_picture.py FILE.
+"""Says whether a PNG shows something: check_picture.py FILE [LIKE].
 
 Status 1 when the file is no whole picture, or when nearly all of it is one colour or none but a few colours occur, as in
-an empty window.
+an empty window. With LIKE also when that picture shows something else: the two may differ in a few pixels only, since
+the fonts of menus and captions are the machine's own.
 """
 
 import collections
+import pathlib
 import struct
 import sys
 import zlib
@@ -15,6 +17,7 @@ CHANNELS = {0: 1, 2: 3, 6: 4}  # grey, red green blue, the same with transparenc
 LEAST_COLOURS = 6
 MOST_OF_ONE_COLOUR = 0.985
 LEAST_SIDE = 100
+MOST_DIFFERENT = 0.04
 
 
 def chunks(data):
@@ -47,7 +50,8 @@ def unfilter(kind, row, above, step):
     return row
 
 
-def colours(data):
+def rows(data):
+    """The rows of a picture, each a list of colours."""
     if not data.startswith(SIGNATURE):
         raise ValueError("no PNG file")
     parts = list(chunks(data))
@@ -58,28 +62,45 @@ def colours(data):
         raise ValueError(f"too small: {width} by {height}")
     step = CHANNELS[kind]
     pixels = zlib.decompress(b"".join(body for name, body in parts if name == b"IDAT"))
-    counts = collections.Counter()
     above = bytearray(width * step)
     for y in range(height):
         start = y * (width * step + 1)
         above = unfilter(pixels[start], bytearray(pixels[start + 1:start + 1 + width * step]), above, step)
-        counts.update(zip(*(above[i::step] for i in range(step))))
-    return counts
+        yield list(zip(*(above[i::step] for i in range(step))))
 
 
-def main(path):
-    try:
-        with open(path, "rb") as file:
-            counts = colours(file.read())
-    except (OSError, ValueError, IndexError, struct.error, zlib.error) as error:
-        print(f"{path}: {error}", file=sys.stderr)
-        return 1
+def shows_something(data):
+    counts = collections.Counter()
+    for row in rows(data):
+        counts.update(row)
     share = max(counts.values()) / sum(counts.values())
     if len(counts) < LEAST_COLOURS or share > MOST_OF_ONE_COLOUR:
-        print(f"{path}: {len(counts)} colours, {share:.1%} of it one", file=sys.stderr)
+        raise ValueError(f"{len(counts)} colours, {share:.1%} of it one")
+
+
+def compare(data, like):
+    if data == like:
+        return
+    ours, theirs = list(rows(data)), list(rows(like))
+    if (len(ours), len(ours[0])) != (len(theirs), len(theirs[0])):
+        raise ValueError("has another size than before")
+    different = sum(a != b for our, their in zip(ours, theirs) for a, b in zip(our, their))
+    share = different / (len(ours) * len(ours[0]))
+    if share > MOST_DIFFERENT:
+        raise ValueError(f"is another picture than before: {share:.1%} of it differ")
+
+
+def main(path, like=None):
+    try:
+        data = pathlib.Path(path).read_bytes()
+        shows_something(data)
+        if like:
+            compare(data, pathlib.Path(like).read_bytes())
+    except (OSError, ValueError, IndexError, struct.error, zlib.error) as error:
+        print(f"{path}: {error}", file=sys.stderr)
         return 1
     return 0
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv[1]))
+    sys.exit(main(*sys.argv[1:]))
