@@ -76,9 +76,11 @@ class Gate(unittest.TestCase):
         self.assertEqual(faults, ["scrivctl3.abi is not what releases.txt has for its last version."])
 
     def accepted(self, lines, version):
+        before = gate.golden(self.folder)
         refused = gate.accept(lines, version, self.folder)
-        self.assertEqual(bool(refused), gate.golden(self.folder)[0] != version)
-        return not refused and not gate.check(lines, version, self.folder)
+        self.assertEqual(gate.golden(self.folder), before if refused else (version, lines))
+        self.assertEqual(bool(gate.check(lines, version, self.folder)), bool(refused))
+        return not refused
 
     def test_what_changes_needs_another_major_version(self):
         lines = self.changed("ED_MODE_READONLY = 3", "ED_MODE_READONLY = 4")
