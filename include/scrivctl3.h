@@ -100,7 +100,7 @@ enum {
 /// Bits of the flags of edSetCaretPositionAdv.
 enum {
     ED_CARET_REDRAW = 1,         ///< repaint at once
-    ED_CARET_CENTRE = 2,         ///< bring a line from below to the middle of the view
+    ED_CARET_CENTRE = 2,         ///< bring the line to the middle of the view, unless it is in the upper half already
     ED_CARET_FOCUS = 4,          ///< take the focus
     ED_CARET_SELECT = 8,         ///< select from the old caret to the new one; without it the selection is dropped
     ED_CARET_KEEP_SELECTION = 16 ///< with ED_CARET_SELECT: the old selection stays part of the new one
