@@ -1,58 +1,39 @@
 #include "editing/DroppedText.h"
 
+#include "framework/base/ForeignBlocks.h"
 #include "framework/win/OleDataSource.h"
 
 #include <shellapi.h>
 #include <shlobj.h>
 
-#include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <new>
-#include <string_view>
 #include <utility>
 
 namespace {
 
 constexpr UINT longestPath = 260;  // in characters; what a longer one has behind them is cut off
 
-/// The characters of a block from a byte on, as many as lie in it whole.
-[[nodiscard]] WStrView CharactersOf(const void* data, std::size_t bytes) noexcept
-{
-    return {static_cast<const WCHAR*>(data), bytes / sizeof(WCHAR)};
-}
+// The engine, which knows no DROPFILES, has its own record of it.
+static_assert(sizeof(xTFileListHead) == sizeof(DROPFILES) && offsetof(xTFileListHead, wide) == offsetof(DROPFILES, fWide));
 
-/// Up to the terminator, or to the end of the block: another program may have left the terminator out.
 [[nodiscard]] CString TextOfBlock(HGLOBAL block)
 {
     const xTGlobalLock lock(block);
-    if (!lock.get())
-        return {};
-    const WStrView text = CharactersOf(lock.get(), ::GlobalSize(block));
-    return text.substr(0, std::min(text.find(WCHAR{0}), text.size()));
+    return lock.get() ? CString(WideTextOfBlock(lock.get(), ::GlobalSize(block))) : CString();
 }
 
-/// True when the list of files ends within the block, which the system does not ask when it reads the list.
-[[nodiscard]] bool IsWholeFileList(HGLOBAL block) noexcept
+[[nodiscard]] bool HoldsWholeFileList(HGLOBAL block) noexcept
 {
     const xTGlobalLock lock(block);
-    const std::size_t size = lock.get() ? ::GlobalSize(block) : 0;
-    if (size < sizeof(DROPFILES))
-        return false;
-    const auto* head = static_cast<const DROPFILES*>(lock.get());
-    if (head->pFiles < sizeof(DROPFILES) || head->pFiles >= size)
-        return false;
-    const std::string_view names(static_cast<const char*>(lock.get()) + head->pFiles, size - head->pFiles);
-    // The list ends with an empty name: two terminators in a row, or one where there is no name at all.
-    if (!head->fWide)
-        return names[0] == 0 || names.find(std::string_view("\0\0", 2)) != names.npos;
-    const WStrView wide = CharactersOf(names.data(), names.size());
-    return (!wide.empty() && wide[0] == 0) || wide.find(WStrView(L"\0\0", 2)) != wide.npos;
+    return lock.get() && IsWholeFileList(lock.get(), ::GlobalSize(block));
 }
 
 [[nodiscard]] CString PathsOf(xTGlobal block)
 {
     CString text;
-    if (!IsWholeFileList(block.get()))
+    if (!HoldsWholeFileList(block.get()))
         return text;
     const struct xTDrop {
         ~xTDrop() { ::DragFinish(handle); }

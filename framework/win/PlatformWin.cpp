@@ -1,5 +1,6 @@
 #include "framework/base/Platform.h"
 
+#include "framework/base/ForeignBlocks.h"
 #include "framework/win/CWnd.h"
 
 #include <windows.h>
@@ -38,14 +39,6 @@ struct xTGlobalDelete {
     void operator()(HGLOBAL memory) const noexcept { ::GlobalFree(memory); }
 };
 using xTGlobal = std::unique_ptr<void, xTGlobalDelete>;
-
-// The text up to its terminator, or up to the end of the memory where a foreign program has left it out.
-template <typename Char>
-std::basic_string_view<Char> Terminated(const void* memory, std::size_t bytes) noexcept
-{
-    const auto* text = static_cast<const Char*>(memory);
-    return {text, static_cast<std::size_t>(std::find(text, text + bytes / sizeof(Char), Char{0}) - text)};
-}
 
 }  // namespace
 
@@ -117,11 +110,11 @@ bool PlatformReadClipboard(unsigned format, CString& text)
     const xTLocked locked(memory);
     const std::size_t size = ::GlobalSize(memory);
     if (format == clipboardWide) {
-        text = Terminated<WCHAR>(bytes, size);
+        text = WideTextOfBlock(bytes, size);
         return true;
     }
     WString wide;
-    if (!PlatformToWide(xTCodePage::ansi, Terminated<char>(bytes, size), wide))
+    if (!PlatformToWide(xTCodePage::ansi, ByteTextOfBlock(bytes, size), wide))
         return false;
     text = WStrView(wide);
     return true;

@@ -1,17 +1,7 @@
 #include "appearance/AttribData.h"
+#include "tests/fuzz/Require.h"
 
-#include <cstdlib>
 #include <vector>
-
-namespace {
-
-void Require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-}  // namespace
 
 // Any bytes as a settings block: whatever is taken can be saved, read again, and saved to the same bytes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
