@@ -16,6 +16,7 @@ test_packages=(
     googletest
     clang libclang-rt-14-dev llvm-14
     lld                        # a program linked as the Microsoft linker would
+    rustc libstd-rust-dev-windows golang-go mono-mcs fp-compiler  # hosts in other languages
     valgrind                   # counts the instructions of the engine
     pkgconf                    # a program that finds the installed control by pkg-config
 )

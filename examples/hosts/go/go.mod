@@ -1,0 +1,3 @@
+module scriv/host
+
+go 1.19
