@@ -30,6 +30,7 @@ class FindPackage(Unpacked):
                                f"-DCMAKE_PREFIX_PATH={self.prefix}")
         self.assertEqual(self.run_program(build / "host_c.exe"), SAID)
         self.assertEqual(self.run_program(build / "host_cxx.exe"), SAID)
+        self.assertEqual(self.run_program(build / "owner.exe"), (0, "3 lines"))
 
     def test_the_smallest_host_of_the_package_is_built_where_it_lies(self):
         example = self.prefix / "share/doc/scrivctl3/examples/minimal"

@@ -1,10 +1,13 @@
 """A compiler called with what pkg-config tells of the installed control."""
 
 import os
+import re
 import shlex
 import unittest
 
 from support import HERE, VERSION, Unpacked
+
+PROGRAM = re.compile(r"^<!-- program: (\w+) -->\n```(c|cpp)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 
 
 class PkgConfig(Unpacked):
@@ -17,6 +20,16 @@ class PkgConfig(Unpacked):
         self.run_tool(os.environ["SCRIV_CC"], HERE / "consumer/host.c", "-o", "host.exe", *self.ask("--cflags", "--libs"))
         said = self.run_program(self.folder / "host.exe", WINEPATH=f"Z:{self.prefix}/bin".replace("/", "\\"))
         self.assertEqual(said, (0, "3 lines, the last of 5 letters"))
+
+    def test_the_programs_of_the_documents_are_built_alone(self):
+        page = (self.prefix / "share/doc/scrivctl3/docs/api.md").read_text(encoding="utf-8")
+        programs = PROGRAM.findall(page)
+        self.assertEqual({language for _, language, _ in programs}, {"c", "cpp"})
+        options = {"c": [os.environ["SCRIV_CC"], "-std=c99"], "cpp": [os.environ["SCRIV_CXX"], "-std=c++17", "-static"]}
+        for name, language, text in programs:
+            (self.folder / f"{name}.{language}").write_text(text, encoding="utf-8")
+            self.run_tool(*options[language], "-municode", "-mwindows", f"{name}.{language}", "-o", f"{name}.exe",
+                          *self.ask("--cflags", "--libs"))
 
     def test_the_version_is_told(self):
         self.assertEqual(self.ask("--modversion"), [VERSION])

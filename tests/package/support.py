@@ -49,9 +49,9 @@ class Unpacked(unittest.TestCase):
             said.seek(0)
             return status, said.read().decode("utf-8", "replace").strip()
 
-    def configure(self, source, *options):
+    def configure(self, source, *options, target="all"):
         """Configures and builds a project with the package as all that it knows of the control."""
         build = self.folder / "build"
         self.run_tool("cmake", "-G", "Ninja", "-S", source, "-B", build, "-DCMAKE_SYSTEM_NAME=Windows", *options)
-        self.run_tool("cmake", "--build", build)
+        self.run_tool("cmake", "--build", build, "--target", target)
         return build

@@ -40,7 +40,8 @@ class Port(Unpacked):
 
     def test_a_project_finds_what_it_installed(self):
         self.install()
-        build = self.configure(HERE / "consumer", *COMPILERS, f"-Dscrivctl3_DIR={self.packages}/share/scrivctl3")
+        build = self.configure(HERE / "consumer", *COMPILERS, f"-Dscrivctl3_DIR={self.packages}/share/scrivctl3",
+                               target="host_c")
         self.assertEqual(self.run_program(build / "host_c.exe"), SAID)
 
     def test_it_says_what_is_missing(self):
