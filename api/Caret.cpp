@@ -40,15 +40,17 @@ void xTCaret::SetHeight(int height) noexcept
 }
 
 // A caret that lost its state, for instance because another window made one, comes back shown, whatever was asked for.
+// It is lost to a window in focus only, so the focus is asked for when a call has failed: asking is a call to the display
+// server, and the caret of a window without the focus is destroyed.
 void xTCaret::Show() noexcept
 {
-    if (m_created && HasFocus() && !::ShowCaret(OwnerWindow()))
+    if (m_created && !::ShowCaret(OwnerWindow()) && HasFocus())
         Recreate();
 }
 
 void xTCaret::Hide() noexcept
 {
-    if (m_created && HasFocus() && !::HideCaret(OwnerWindow()))
+    if (m_created && !::HideCaret(OwnerWindow()) && HasFocus())
         Recreate();
 }
 

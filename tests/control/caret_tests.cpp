@@ -88,6 +88,23 @@ TEST_F(Caret, ComesBackWhenShowingFails)
     EXPECT_EQ(systemCaret().left, 7);
 }
 
+TEST_F(Caret, LeavesTheCaretOfTheWindowInFocusAlone)
+{
+    const POINT at{20, 30};
+    caret.Create(&at);
+    ::SetFocus(host.Window());  // which does not destroy this one: the window here is no control
+    ::CreateCaret(host.Window(), nullptr, 1, 16);
+    ::ShowCaret(host.Window());
+    for (const auto& step : {&xTCaret::Hide, &xTCaret::Show}) {
+        (caret.*step)();
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        ::GetGUIThreadInfo(::GetCurrentThreadId(), &info);
+        EXPECT_EQ(info.hwndCaret, host.Window());
+    }
+    ::DestroyCaret();
+}
+
 TEST_F(Caret, IsGoneAfterDestroying)
 {
     const POINT at{20, 30};
