@@ -160,6 +160,9 @@ private:
     void PaintRows(const xTPaintDC& target);
     void MakePaintBitmap(HDC like, int cx, int cy);
     void DropPaintBitmap() noexcept;
+    [[nodiscard]] bool HasSomethingToPaint() noexcept;
+    void PaintUpdateArea();
+    [[nodiscard]] bool PaintUnderHiddenCaret();
     [[nodiscard]] xTRows RowsToDraw(const RECT& area) const noexcept;
     [[nodiscard]] RECT ClientRect() const noexcept;
     [[nodiscard]] RECT CaretBlockingRect() const noexcept;
@@ -292,6 +295,7 @@ private:
     bool m_repaintWhenUnwound = false;
     std::int32_t m_leftColumn = 0;  // in character widths
     std::int32_t m_topLine = 0;
+    bool m_paintRequested = false;  // a paint message is due though there may be nothing to paint
     xTBitmap m_paintBitmap;
     HGDIOBJ m_previousBitmap = nullptr;  // what the memory context held before the paint bitmap
     SIZE m_screen{};  // of the whole screen, which is the size of the paint bitmap

@@ -4,6 +4,7 @@
 #include "diagnostics/Guarded.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -74,6 +75,7 @@ void CEditorCtrl::RequestPaint()
         ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INTERNALPAINT);
 }
 
+    m_paintRequested = true;
 // Asking costs as much as a drawing call, so it is asked when the window is shown or sized and not at every paint.
 void CEditorCtrl::ReadScreenSize() noexcept
 {
@@ -117,28 +119,44 @@ LRESULT CEditorCtrl::OnPaint(const xTMessage& message)
 void CEditorCtrl::Paint()
 {
     m_caret.SetHeight(LineHeight());
-    RECT update{};
-    const bool dirty = ::GetUpdateRect(m_hWnd, &update, FALSE) != 0;
-    // Hiding and showing costs more than drawing a line, so a caret that the paint does not touch is left alone.
+    if (HasSomethingToPaint())
+        PaintUpdateArea();
+    ::SendMessageW(m_hWnd, ED_AFTER_PAINT, 0, 0);
+}
+
+// The paint context tells its area too. The system is asked only where a paint was requested with nothing to paint: there
+// the question is much cheaper than the context, everywhere else it is one call more.
+bool CEditorCtrl::HasSomethingToPaint() noexcept
+{
+    return !std::exchange(m_paintRequested, false) || ::GetUpdateRect(m_hWnd, nullptr, FALSE) != 0;
+}
+
+void CEditorCtrl::PaintUpdateArea()
+{
+    if (!PaintUnderHiddenCaret())
+        return;
+    PlaceCaretImage();  // while it is hidden, lest the system draw it at the old place first
+    m_caret.Show();
+}
+
+// Hiding and showing costs more than drawing a line, so a caret that the paint does not touch is left alone.
+// @return true when the caret was in the way and is hidden now
+bool CEditorCtrl::PaintUnderHiddenCaret()
+{
+    struct xTPainting {
+        explicit xTPainting(bool& flag) : m_flag(flag) { m_flag = true; }
+        ~xTPainting() { m_flag = false; }
+        bool& m_flag;
+    } const painting(m_painting);
+    const xTPaintDC target(m_hWnd);
     RECT both{};
     const RECT caret = CaretBlockingRect();
-    const bool overCaret = ::IntersectRect(&both, &update, &caret) != 0;
+    const bool overCaret = ::IntersectRect(&both, &target.rect(), &caret) != 0;
     if (overCaret)
         m_caret.Hide();
-    if (dirty) {
-        struct xTPainting {
-            explicit xTPainting(bool& flag) : m_flag(flag) { m_flag = true; }
-            ~xTPainting() { m_flag = false; }
-            bool& m_flag;
-        } const painting(m_painting);
-        const xTPaintDC target(m_hWnd);
+    if (!::IsRectEmpty(&target.rect()))
         PaintRows(target);
-    }
-    if (overCaret) {
-        PlaceCaretImage();  // while it is hidden, lest the system draw it at the old place first
-        m_caret.Show();
-    }
-    ::SendMessageW(m_hWnd, ED_AFTER_PAINT, 0, 0);
+    return overCaret;
 }
 
 void CEditorCtrl::PaintRows(const xTPaintDC& target)
