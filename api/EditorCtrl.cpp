@@ -157,6 +157,7 @@ void CEditorCtrl::RetireParts() noexcept
 void CEditorCtrl::OnUnwound() noexcept
 {
     m_caret.ForgetForeign();
+    m_invalid.Forget();
     m_retired.operations.reset();
     m_retired.store.reset();
     m_retired.attribs.reset();
@@ -225,14 +226,21 @@ LPARAM CEditorCtrl::PackedCaret() const noexcept
 
 void CEditorCtrl::NotifyHost(bool changed, std::int32_t value)
 {
+    TellParent(ED_NOTIFY_CARET, changed, value ? value : PackedCaret());
+}
+
+void CEditorCtrl::TellParent(UINT message, WPARAM wParam, LPARAM lParam)
+{
     const HWND parent = ::GetParent(m_hWnd);
     if (::IsWindow(parent))
-        ::SendNotifyMessageW(parent, ED_NOTIFY_CARET, changed, value ? value : PackedCaret());
+        ::SendNotifyMessageW(parent, message, wParam, lParam);
+    m_invalid.Forget();
 }
 
 bool CEditorCtrl::ConfirmWrap()
 {
     const bool goesOn = m_find.confirm_wrap();
     m_caret.Forget();  // a host that asks its user has let other windows work with their carets
+    m_invalid.Forget();
     return goesOn;
 }

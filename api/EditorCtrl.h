@@ -2,6 +2,7 @@
 
 #include "api/Caret.h"
 #include "api/DragDropWnd.h"
+#include "api/InvalidArea.h"
 #include "appearance/AttribTable.h"
 #include "appearance/HighlightHook.h"
 #include "editing/operstack.h"
@@ -148,6 +149,8 @@ private:
     LRESULT OnDragScroll(const xTMessage& message);
     LRESULT OnAfterPaint(const xTMessage& message);
 
+    void TellParent(UINT message, WPARAM wParam, LPARAM lParam);
+
     // Life
     bool MakeParts();
     void RetireParts() noexcept;
@@ -157,12 +160,12 @@ private:
     [[nodiscard]] bool CannotPaintNow() const noexcept;
     void ReadScreenSize() noexcept;
     void Paint();
-    void PaintRows(const xTPaintDC& target);
-    void MakePaintBitmap(HDC like, int cx, int cy);
-    void DropPaintBitmap() noexcept;
     [[nodiscard]] bool HasSomethingToPaint() noexcept;
     void PaintUpdateArea();
     [[nodiscard]] bool PaintUnderHiddenCaret();
+    void PaintRows(const xTPaintDC& target);
+    void MakePaintBitmap(HDC like, int cx, int cy);
+    void DropPaintBitmap() noexcept;
     [[nodiscard]] xTRows RowsToDraw(const RECT& area) const noexcept;
     [[nodiscard]] RECT ClientRect() const noexcept;
     [[nodiscard]] RECT CaretBlockingRect() const noexcept;
@@ -292,12 +295,13 @@ private:
     bool m_partsMade = false;
     bool m_shown = false;
     bool m_painting = false;
+    bool m_paintRequested = false;  // a paint message is due though there may be nothing to paint
     bool m_repaintWhenUnwound = false;
     std::int32_t m_leftColumn = 0;  // in character widths
     std::int32_t m_topLine = 0;
-    bool m_paintRequested = false;  // a paint message is due though there may be nothing to paint
     xTBitmap m_paintBitmap;
     HGDIOBJ m_previousBitmap = nullptr;  // what the memory context held before the paint bitmap
+    xTInvalidArea m_invalid;
     SIZE m_screen{};  // of the whole screen, which is the size of the paint bitmap
     UINT_PTR m_ticker = 1;
     UINT_PTR m_scrollTimer = 0;

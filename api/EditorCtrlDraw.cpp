@@ -23,14 +23,18 @@ RECT CEditorCtrl::ClientRect() const noexcept
 // is nothing to do: a null handle would mean every window of the screen.
 void CEditorCtrl::Invalidate()
 {
-    if (m_hWnd)
-        ::InvalidateRect(m_hWnd, nullptr, TRUE);
+    if (!m_hWnd || m_invalid.Covers(xTInvalidArea::everything))
+        return;
+    ::InvalidateRect(m_hWnd, nullptr, TRUE);
+    m_invalid.Note(xTInvalidArea::everything);
 }
 
 void CEditorCtrl::InvalidateRect(const RECT& area) noexcept
 {
-    if (m_hWnd)
-        ::InvalidateRect(m_hWnd, &area, TRUE);
+    if (!m_hWnd || m_invalid.Covers(area))
+        return;
+    ::InvalidateRect(m_hWnd, &area, TRUE);
+    m_invalid.Note(area);
 }
 
 RECT CEditorCtrl::CaretBlockingRect() const noexcept
@@ -71,11 +75,11 @@ void CEditorCtrl::UpdateNow()
 
 void CEditorCtrl::RequestPaint()
 {
+    m_paintRequested = true;
     if (m_hWnd)
         ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INTERNALPAINT);
 }
 
-    m_paintRequested = true;
 // Asking costs as much as a drawing call, so it is asked when the window is shown or sized and not at every paint.
 void CEditorCtrl::ReadScreenSize() noexcept
 {
@@ -100,6 +104,7 @@ LRESULT CEditorCtrl::OnPaint(const xTMessage& message)
 {
     Guarded([&] {
         m_idleMs = 0;
+        m_invalid.Forget();
         if (!m_shown) {
             Default(message);
             return;

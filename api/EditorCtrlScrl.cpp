@@ -16,11 +16,8 @@ public:
     xTViewWatch& operator=(const xTViewWatch&) = delete;
     ~xTViewWatch()
     {
-        if (m_leftColumn == m_ctrl.m_leftColumn && m_topLine == m_ctrl.m_topLine)
-            return;
-        const HWND parent = ::GetParent(m_ctrl.m_hWnd);
-        if (::IsWindow(parent))
-            ::SendNotifyMessageW(parent, ED_NOTIFY_SCROLL, 0, 0);
+        if (m_leftColumn != m_ctrl.m_leftColumn || m_topLine != m_ctrl.m_topLine)
+            m_ctrl.TellParent(ED_NOTIFY_SCROLL, 0, 0);
     }
 
 private:
@@ -94,6 +91,7 @@ void CEditorCtrl::ShiftBits(std::int64_t dx, std::int64_t dy)
     ::ScrollWindow(m_hWnd, static_cast<int>(std::clamp(dx, -width, width)),
                    static_cast<int>(std::clamp(dy, -height, height)), &rows, &rows);
     m_caret.Forget();  // the system takes a caret in the moved area along
+    m_invalid.Forget();  // and what was invalid
 }
 
 bool CEditorCtrl::ScrollBy(int direction, std::int32_t count)
