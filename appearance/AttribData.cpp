@@ -84,6 +84,12 @@ void xTAttribData::GetAttrFont(std::uint32_t flag, LOGFONTW* out) const noexcept
     out->lfUnderline = m_underline[entry];
 }
 
+DWORD xTAttribData::EntryStyle(std::int32_t entry) const noexcept
+{
+    return (m_italic[entry] ? FONT_ITALIC : 0) | (m_bold[entry] ? FONT_BOLD : 0)
+         | (m_underline[entry] ? FONT_UNDERLINE : 0);
+}
+
 LOGFONTW xTAttribData::UsableFont(LOGFONTW lf) noexcept
 {
     lf.lfHeight = std::clamp(lf.lfHeight, -maxFontPixels, maxFontPixels);

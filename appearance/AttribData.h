@@ -1,5 +1,6 @@
 #pragma once
 
+#include "appearance/AttribLook.h"
 #include "appearance/HighlightHook.h"
 #include "appearance/HookBuffer.h"
 #include "store/MyStr.h"
@@ -78,6 +79,11 @@ public:
     /// The base font with weight 700 or 400, italic and underline as the entry of `flag` says; with no entry it is the
     /// plain base font. A null `out` does nothing.
     void GetAttrFont(std::uint32_t flag, LOGFONTW* out) const noexcept;
+    /// @return the FONT_ bits of an entry's font; `entry` must be below m_count
+    [[nodiscard]] DWORD EntryStyle(std::int32_t entry) const noexcept;
+    /// What a word, or one flag, makes of a device context. A flag without an entry leaves it as it is.
+    [[nodiscard]] xTLook LookOf(std::uint32_t word) const noexcept;
+    [[nodiscard]] xTLook LookOfFlag(std::uint32_t flag) const noexcept;
     /// A description as the system may be given it: sizes held to 1000 pixels, the face name terminated. A settings
     /// block may put anything into m_logFont, and 32 characters of face with no terminator.
     [[nodiscard]] static LOGFONTW UsableFont(LOGFONTW lf) noexcept;
@@ -116,6 +122,7 @@ public:
     LOGFONTW m_logFont = {};  ///< the base font as it was given; UsableFont before the system gets it
 
 private:
+    void AddToLook(const xTApplyRow& row, xTLook& look) const noexcept;
     void AskHook(WStrView text, const xTHighlightHook& hook, bool insideComment, std::span<std::uint32_t> attrs) const;
     bool ReadSettings(const xTSettingsBlock& block);
     void WriteSettings(zsl::IMemoryStream& bytes) const;

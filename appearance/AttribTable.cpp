@@ -21,44 +21,6 @@ LOGFONTW DefaultFont(HDC dc) noexcept
     return lf;
 }
 
-enum class xTApplies : std::uint8_t { background, fontAndText, markColors };
-
-struct xTApplyRow {
-    std::uint32_t flag;
-    xTApplies how;
-};
-
-// The order in which the flags of a word are applied: a later one overrides an earlier one. The comment wins over the
-// host's classes, a user class over the comment; the three marks at the end change colours only.
-constexpr xTApplyRow applyRows[] = {
-    {ATTR_BACKGROUND, xTApplies::background},
-    {ATTR_TEXT, xTApplies::fontAndText},
-    {ATTR_KEYWORD, xTApplies::fontAndText},
-    {ATTR_NUMBER, xTApplies::fontAndText},
-    {ATTR_IDENTIFIER, xTApplies::fontAndText},
-    {ATTR_SYMBOL, xTApplies::fontAndText},
-    {ATTR_STRING, xTApplies::fontAndText},
-    {ATTR_STRING_SPECIAL, xTApplies::fontAndText},
-    {ATTR_STRING_KEYWORD, xTApplies::fontAndText},
-    {ATTR_COMMENT, xTApplies::fontAndText},
-    {ATTR_USER1, xTApplies::fontAndText},
-    {ATTR_USER2, xTApplies::fontAndText},
-    {ATTR_USER3, xTApplies::fontAndText},
-    {ATTR_USER4, xTApplies::fontAndText},
-    {ATTR_USER5, xTApplies::fontAndText},
-    {ATTR_BREAKPOINT, xTApplies::markColors},
-    {ATTR_EXECPOINT, xTApplies::markColors},
-    {ATTR_SELECTION, xTApplies::markColors},
-};
-
-const xTApplyRow* FindRow(std::uint32_t flag) noexcept
-{
-    for (const xTApplyRow& row : applyRows)
-        if (row.flag == flag)
-            return &row;
-    return nullptr;
-}
-
 }  // namespace
 
 xTAttribTable::xTAttribTable(CDC* dc, const xTSettingsBlock* settings, std::uint32_t defaultTheme) : m_dc(dc)
@@ -110,19 +72,36 @@ void xTAttribTable::ApplyAttrWord(std::uint32_t word, CWnd* wnd, CDC* dc)
     ApplyWord(word, wnd, dc, nothing);
 }
 
+// The context is given what the flags come to. Where a font on the way is missing or broken they are applied one by one,
+// so that the user is told of each.
 void xTAttribTable::ApplyWord(std::uint32_t word, CWnd* wnd, CDC* dc, xTKnown& known)
 {
-    for (const xTApplyRow& row : applyRows)
+    if (!wnd || !dc || !dc->GetSafeHdc() || WearAll(LookOf(word), wnd, dc, known))
+        return;
+    for (const xTApplyRow& row : ApplyRows())
         if (word & row.flag)
             ApplyGuarded(row.flag, wnd, dc, known);
+}
+
+bool xTAttribTable::WearAll(const xTLook& look, CWnd* wnd, CDC* dc, xTKnown& known)
+{
+    for (DWORD style = 0; style < fontKeys; ++style)
+        if ((look.styles >> style & 1) && !FindFont(style))
+            return false;
+    try {
+        Wear(look, wnd, dc, known);
+        return true;
+    } catch (const xTExceptSettings&) {
+        known = {};
+        return false;
+    }
 }
 
 void xTAttribTable::ApplyGuarded(std::uint32_t flag, CWnd* wnd, CDC* dc, xTKnown& known)
 {
     try {
-        const std::int32_t entry = FindEntry(flag);
-        if (entry >= 0 && wnd && dc && dc->GetSafeHdc())
-            ApplyEntry(flag, m_colors[entry], wnd, dc, known);
+        if (wnd && dc && dc->GetSafeHdc())
+            Wear(LookOfFlag(flag), wnd, dc, known);
     } catch (const xTExceptSettings& e) {
         known = {};
         Recover(e, dc);
@@ -131,43 +110,28 @@ void xTAttribTable::ApplyGuarded(std::uint32_t flag, CWnd* wnd, CDC* dc, xTKnown
     }
 }
 
-void xTAttribTable::ApplyEntry(std::uint32_t flag, COLORREF color, CWnd* wnd, CDC* dc, xTKnown& known)
+void xTAttribTable::Wear(const xTLook& look, CWnd* wnd, CDC* dc, xTKnown& known)
 {
-    const xTApplyRow* row = FindRow(flag);
-    if (!row)
-        return;  // a settings block may hold any flag
-    switch (row->how) {
-    case xTApplies::background:
-        dc->SetBkColor(color);
-        if (wnd->GetSafeHwnd())
-            SelectBrush(color, dc, known);
-        break;
-    case xTApplies::markColors:
-        dc->SetBkColor(color);
-        if (const std::int32_t background = FindEntry(ATTR_BACKGROUND); background >= 0)
-            dc->SetTextColor(m_colors[background]);
-        break;
-    case xTApplies::fontAndText:
-        LOGFONTW lf;
-        GetAttrFont(flag, &lf);
-        SelectFont(lf, dc, known);
-        dc->SetTextColor(color);
-        break;
-    }
+    if (look.back && look.back != known.back)
+        dc->SetBkColor(*(known.back = look.back));
+    if (look.brush && wnd->GetSafeHwnd())
+        SelectBrush(*look.brush, dc, known);
+    if (look.style && look.style != known.style)
+        SelectStyle(*look.style, dc, known);
+    if (look.text && look.text != known.text)
+        dc->SetTextColor(*(known.text = look.text));
 }
 
 // Selecting what is selected already costs forty times as much as asking.
-void xTAttribTable::SelectFont(const LOGFONTW& lf, CDC* dc, xTKnown& known) const
+void xTAttribTable::SelectStyle(DWORD style, CDC* dc, xTKnown& known) const
 {
-    const HFONT font = FindFont(FontKey(lf));
-    if (font && font == known.font)
-        return;
+    const HFONT font = FindFont(style);
     const auto holds = [&](HDC handle) { return font && ::GetCurrentObject(handle, OBJ_FONT) == font; };
     if (!holds(dc->m_hDC))
-        _MakeFontSelect(dc->m_hDC, lf);
+        SelectFont(dc->m_hDC, style);
     if (dc->m_hAttribDC != dc->m_hDC && !holds(dc->m_hAttribDC))
-        _MakeFontSelect(dc->m_hAttribDC, lf);
-    known.font = font;
+        SelectFont(dc->m_hAttribDC, style);
+    known.style = style;
 }
 
 // A brush is made when the colour changes, not at each call; the context holds it as if it had been made anew. What it

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "appearance/AsciiFace.h"
 #include "appearance/AttribData.h"
 #include "diagnostics/ExceptSettings.h"
 #include "framework/win/Handles.h"
 #include "store/Positions.h"
 
 #include <array>
+#include <optional>
 
 class CDC;
 class CWnd;
@@ -23,8 +25,6 @@ public:
     using xTExceptSettings = ::xTExceptSettings;
 
     static constexpr DWORD fontKeys = 8;
-    static constexpr WCHAR firstPrintable = 0x20;
-    static constexpr WCHAR lastPrintable = 0x7E;
 
     /// Builds the default font, then takes `settings`, or theme `defaultTheme` where they hold nothing readable.
     /// @param dc  the control's memory context; it must outlive the table. Null: a table without fonts
@@ -87,8 +87,10 @@ private:
     // What a device context is known to hold, so that the same thing is not set twice. Good only while nobody else can
     // reach the context: for the runs of one line, after the host has been asked.
     struct xTKnown {
-        HFONT font = nullptr;
+        std::optional<DWORD> style;  // FONT_ bits of the font
         HBRUSH brush = nullptr;
+        std::optional<COLORREF> text;
+        std::optional<COLORREF> back;
     };
 
     bool BuildFonts(LOGFONTW* lf, CDC* dc);
@@ -96,10 +98,12 @@ private:
     void Recover(const xTExceptSettings& e, CDC* dc);
     void SelectTemporaryFont(CDC* dc);
     void DropDisplaced(HGDIOBJ font) noexcept;
-    void SelectFont(const LOGFONTW& lf, CDC* dc, xTKnown& known) const;
+    void SelectFont(HDC dc, DWORD key) const;
+    void SelectStyle(DWORD style, CDC* dc, xTKnown& known) const;
     void SelectBrush(COLORREF color, CDC* dc, xTKnown& known);
     void ApplyGuarded(std::uint32_t flag, CWnd* wnd, CDC* dc, xTKnown& known);
-    void ApplyEntry(std::uint32_t flag, COLORREF color, CWnd* wnd, CDC* dc, xTKnown& known);
+    [[nodiscard]] bool WearAll(const xTLook& look, CWnd* wnd, CDC* dc, xTKnown& known);
+    void Wear(const xTLook& look, CWnd* wnd, CDC* dc, xTKnown& known);
     void ApplyWord(std::uint32_t word, CWnd* wnd, CDC* dc, xTKnown& known);
     void DrawBand(std::uint32_t flag, int y, std::span<const std::uint32_t> words, CWnd* wnd, CDC* dc, xTKnown& known);
     void DrawRuns(const xTExtString& str, std::span<const std::uint32_t> words, POINT pos, CWnd* wnd, CDC* dc,
@@ -113,13 +117,13 @@ private:
     };
     int MeasureRuns(WStrView text, std::span<const std::uint32_t> words, CWnd* wnd, CDC* dc, const xTHit& hit);
     [[nodiscard]] int TabStop() const noexcept;
-    void NoteAdvance(DWORD key, HDC dc) noexcept;
-    [[nodiscard]] LONG FixedAdvance(HFONT font) const noexcept;
+    void NoteFace(DWORD key, HDC dc) noexcept;
+    [[nodiscard]] const xTAsciiFace* FaceFor(WStrView run, CDC* dc, const xTKnown& known) const noexcept;
     [[nodiscard]] LONG RunWidth(WStrView run, CDC* dc, const xTKnown& known) const;
-    void DrawRunText(WStrView run, POINT pos, CDC* dc) const;
+    void DrawRunText(WStrView run, POINT pos, CDC* dc, const xTAsciiFace* face = nullptr) const;
 
     std::array<xTFont, fontKeys> m_fonts;
-    std::array<LONG, fontKeys> m_advances{};  // of every ASCII character on m_dc, 0 where they differ
+    std::array<xTAsciiFace, fontKeys> m_faces;  // of the fonts on m_dc
     xTFont m_temporary;  // keeps the device context busy while the fonts are rebuilt; the new base font displaces it
     xTBrush m_brush;     // the background brush last made; it stays selected until the next one displaces it
     COLORREF m_brushColor = 0;

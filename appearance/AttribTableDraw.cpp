@@ -156,10 +156,11 @@ void xTAttribTable::DrawRuns(const xTExtString& str, std::span<const std::uint32
             pos.x += RunWidth(run, dc, known);
             continue;
         }
-        const LONG width = RunWidth(run, dc, known);
+        const xTAsciiFace* face = FaceFor(run, dc, known);
+        const LONG width = face ? face->Width(run) : RunExtent(run, dc).cx;
         // Slanted characters lean out of their run.
         if (pos.x + width + m_charWidth >= visible.left && pos.x - m_charWidth < visible.right)
-            DrawRunText(run, pos, dc);
+            DrawRunText(run, pos, dc, face);
         pos.x += width;
     }
 }
@@ -183,9 +184,11 @@ void xTAttribTable::DrawRun(WStrView run, POINT& pos, CDC* dc) const
     pos.x += RunExtent(run, dc).cx;
 }
 
-void xTAttribTable::DrawRunText(WStrView run, POINT pos, CDC* dc) const
+void xTAttribTable::DrawRunText(WStrView run, POINT pos, CDC* dc, const xTAsciiFace* face) const
 {
-    if (BeginsWithTab(run)) {
+    if (face) {
+        face->TextOut(dc->m_hDC, pos, run);
+    } else if (BeginsWithTab(run)) {
         const int stop = TabStop();
         ::TabbedTextOutW(dc->m_hDC, pos.x, pos.y, run.data(), static_cast<int>(run.size()), 1, &stop, 0);
     } else {
@@ -193,15 +196,10 @@ void xTAttribTable::DrawRunText(WStrView run, POINT pos, CDC* dc) const
     }
 }
 
-// Asking the system costs nearly as much as drawing. Its answer for ASCII text in a font whose ASCII characters are all
-// equally wide is the sum of their widths: no shaping and no kerning takes part there.
 LONG xTAttribTable::RunWidth(WStrView run, CDC* dc, const xTKnown& known) const
 {
-    const LONG advance = dc == m_dc ? FixedAdvance(known.font) : 0;
-    const auto isPrintable = [](WCHAR ch) { return ch >= firstPrintable && ch <= lastPrintable; };
-    if (advance != 0 && std::all_of(run.begin(), run.end(), isPrintable))
-        return advance * static_cast<LONG>(run.size());
-    return RunExtent(run, dc).cx;
+    const xTAsciiFace* face = FaceFor(run, dc, known);
+    return face ? face->Width(run) : RunExtent(run, dc).cx;
 }
 
 // Held to what the system's answer has room for.

@@ -4,8 +4,6 @@
 #include "framework/win/CDC.h"
 
 #include <algorithm>
-#include <array>
-#include <numeric>
 
 namespace {
 
@@ -14,23 +12,6 @@ constexpr const WCHAR* missingFont = _T("Шрифт редактора не на
 
 // The base font is made first; the others follow in this order.
 constexpr DWORD styledKeys[] = {1, 2, 4, 3, 5, 6, 7};
-
-// @return the width that all printable ASCII characters of the selected font have, alone and in a row; 0 when they have
-// not all the same
-LONG CommonAdvance(HDC dc) noexcept
-{
-    constexpr int count = xTAttribTable::lastPrintable - xTAttribTable::firstPrintable + 1;
-    std::array<WCHAR, count> all;
-    std::iota(all.begin(), all.end(), xTAttribTable::firstPrintable);
-    std::array<int, count> upTo{};  // the width of the row up to each character
-    SIZE size{};
-    if (!::GetTextExtentExPointW(dc, all.data(), count, 0, nullptr, upTo.data(), &size))
-        return 0;
-    for (int i = 0; i < count; ++i)
-        if (SIZE one{}; !::GetTextExtentPoint32W(dc, &all[i], 1, &one) || one.cx != upTo[0] || upTo[i] != (i + 1) * one.cx)
-            return 0;
-    return size.cx == count * upTo[0] ? upTo[0] : 0;
-}
 
 xTFont MakeFont(const LOGFONTW& lf) noexcept
 {
@@ -77,7 +58,7 @@ bool xTAttribTable::BuildFonts(LOGFONTW* lf, CDC* dc)
     DropDisplaced(displaced);
     DeleteFonts();
     m_fonts[0] = std::move(base);
-    NoteAdvance(0, dc->m_hAttribDC);
+    NoteFace(0, dc->m_hAttribDC);
     for (const DWORD key : styledKeys) {
         *lf = m_logFont;
         add_font(lf, key, dc->m_hAttribDC);
@@ -108,11 +89,11 @@ void xTAttribTable::add_font(LOGFONTW* lf, DWORD key, HDC dc)
     if (!font || key >= fontKeys)
         return;
     m_fonts[key] = std::move(font);
-    m_advances[key] = 0;
+    m_faces[key] = {};
     const HGDIOBJ previous = ::SelectObject(dc, m_fonts[key].get());
     if (!previous)
         throw xTExceptSettings{brokenFont, _T("add_font(...)")};
-    NoteAdvance(key, dc);
+    NoteFace(key, dc);
     ::SelectObject(dc, previous);
     Measure(dc);
 }
@@ -131,7 +112,12 @@ void xTAttribTable::Measure(HDC dc) noexcept
 
 void xTAttribTable::_MakeFontSelect(HDC dc, LOGFONTW lf) const
 {
-    const HFONT font = FindFont(FontKey(lf));
+    SelectFont(dc, FontKey(lf));
+}
+
+void xTAttribTable::SelectFont(HDC dc, DWORD key) const
+{
+    const HFONT font = FindFont(key);
     if (!font)
         throw xTExceptSettings{missingFont, _T("_MakeFontSelect(...)")};
     if (!::SelectObject(dc, font))
@@ -144,17 +130,17 @@ HFONT xTAttribTable::FindFont(DWORD key) const noexcept
 }
 
 // Another context may have another resolution: what is measured there tells nothing about the control's own.
-void xTAttribTable::NoteAdvance(DWORD key, HDC dc) noexcept
+void xTAttribTable::NoteFace(DWORD key, HDC dc) noexcept
 {
-    m_advances[key] = m_dc && m_dc->m_hAttribDC == dc ? CommonAdvance(dc) : 0;
+    m_faces[key] = m_dc && m_dc->m_hAttribDC == dc ? xTAsciiFace(dc) : xTAsciiFace();
 }
 
-LONG xTAttribTable::FixedAdvance(HFONT font) const noexcept
+const xTAsciiFace* xTAttribTable::FaceFor(WStrView run, CDC* dc, const xTKnown& known) const noexcept
 {
-    for (DWORD key = 0; key < fontKeys; ++key)
-        if (font && m_fonts[key].get() == font)
-            return m_advances[key];
-    return 0;
+    if (!known.style || dc != m_dc || dc->m_hDC != dc->m_hAttribDC)
+        return nullptr;
+    const xTAsciiFace& face = m_faces[*known.style];
+    return face.Holds(run) ? &face : nullptr;
 }
 
 // No font dies while the control's context holds it: the system would keep it alive and it would be lost.
@@ -167,7 +153,7 @@ void xTAttribTable::DeleteFonts() noexcept
             ::SelectObject(dc, ::GetStockObject(SYSTEM_FONT));
         font.reset();
     }
-    m_advances.fill(0);
+    m_faces.fill({});
 }
 
 void xTAttribTable::CopyFonts(const xTAttribTable& other)
