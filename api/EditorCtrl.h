@@ -295,7 +295,7 @@ private:
     bool m_partsMade = false;
     bool m_shown = false;
     bool m_painting = false;
-    bool m_paintRequested = false;  // a paint message is due though there may be nothing to paint
+    bool m_mayBeClean = false;  // a paint was requested, and nothing was known to be invalid then
     bool m_repaintWhenUnwound = false;
     std::int32_t m_leftColumn = 0;  // in character widths
     std::int32_t m_topLine = 0;

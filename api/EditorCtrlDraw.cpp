@@ -75,7 +75,7 @@ void CEditorCtrl::UpdateNow()
 
 void CEditorCtrl::RequestPaint()
 {
-    m_paintRequested = true;
+    m_mayBeClean = m_mayBeClean || m_invalid.IsEmpty();
     if (m_hWnd)
         ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INTERNALPAINT);
 }
@@ -133,7 +133,7 @@ void CEditorCtrl::Paint()
 // the question is much cheaper than the context, everywhere else it is one call more.
 bool CEditorCtrl::HasSomethingToPaint() noexcept
 {
-    return !std::exchange(m_paintRequested, false) || ::GetUpdateRect(m_hWnd, nullptr, FALSE) != 0;
+    return !std::exchange(m_mayBeClean, false) || ::GetUpdateRect(m_hWnd, nullptr, FALSE) != 0;
 }
 
 void CEditorCtrl::PaintUpdateArea()

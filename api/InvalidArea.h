@@ -11,6 +11,7 @@ class xTInvalidArea {
 public:
     static constexpr RECT everything{LONG_MIN, LONG_MIN, LONG_MAX, LONG_MAX};
 
+    [[nodiscard]] bool IsEmpty() const noexcept { return m_area.left >= m_area.right; }
     [[nodiscard]] bool Covers(const RECT& area) const noexcept
     {
         return area.left >= m_area.left && area.top >= m_area.top && area.right <= m_area.right &&
