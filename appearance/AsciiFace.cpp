@@ -18,14 +18,16 @@ LONG xTAsciiFace::CommonAdvance(HDC dc) noexcept
 {
     std::array<WCHAR, count> all;
     std::iota(all.begin(), all.end(), first);
-    std::array<int, count> upTo{};  // the width of the row up to each character
-    SIZE size{};
-    if (!::GetTextExtentExPointW(dc, all.data(), count, 0, nullptr, upTo.data(), &size))
+    std::array<INT, count> alone{};
+    std::array<INT, count> upTo{};  // the width of the row up to each character
+    SIZE row{};
+    if (!::GetCharWidth32W(dc, first, last, alone.data()) ||
+        !::GetTextExtentExPointW(dc, all.data(), count, 0, nullptr, upTo.data(), &row))
         return 0;
     for (int i = 0; i < count; ++i)
-        if (SIZE one{}; !::GetTextExtentPoint32W(dc, &all[i], 1, &one) || one.cx != upTo[0] || upTo[i] != (i + 1) * one.cx)
+        if (alone[i] != alone[0] || upTo[i] != (i + 1) * alone[0])
             return 0;
-    return size.cx == count * upTo[0] ? upTo[0] : 0;
+    return row.cx == upTo[count - 1] ? alone[0] : 0;
 }
 
 bool xTAsciiFace::Holds(WStrView run) const noexcept

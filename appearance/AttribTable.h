@@ -117,13 +117,12 @@ private:
     };
     int MeasureRuns(WStrView text, std::span<const std::uint32_t> words, CWnd* wnd, CDC* dc, const xTHit& hit);
     [[nodiscard]] int TabStop() const noexcept;
-    void NoteFace(DWORD key, HDC dc) noexcept;
-    [[nodiscard]] const xTAsciiFace* FaceFor(WStrView run, CDC* dc, const xTKnown& known) const noexcept;
-    [[nodiscard]] LONG RunWidth(WStrView run, CDC* dc, const xTKnown& known) const;
+    [[nodiscard]] const xTAsciiFace* FaceFor(WStrView run, CDC* dc, const xTKnown& known);
+    [[nodiscard]] LONG RunWidth(WStrView run, CDC* dc, const xTKnown& known);
     void DrawRunText(WStrView run, POINT pos, CDC* dc, const xTAsciiFace* face = nullptr) const;
 
     std::array<xTFont, fontKeys> m_fonts;
-    std::array<xTAsciiFace, fontKeys> m_faces;  // of the fonts on m_dc
+    std::array<std::optional<xTAsciiFace>, fontKeys> m_faces;  // of the fonts on m_dc that were used
     xTFont m_temporary;  // keeps the device context busy while the fonts are rebuilt; the new base font displaces it
     xTBrush m_brush;     // the background brush last made; it stays selected until the next one displaces it
     COLORREF m_brushColor = 0;

@@ -196,7 +196,7 @@ void xTAttribTable::DrawRunText(WStrView run, POINT pos, CDC* dc, const xTAsciiF
     }
 }
 
-LONG xTAttribTable::RunWidth(WStrView run, CDC* dc, const xTKnown& known) const
+LONG xTAttribTable::RunWidth(WStrView run, CDC* dc, const xTKnown& known)
 {
     const xTAsciiFace* face = FaceFor(run, dc, known);
     return face ? face->Width(run) : RunExtent(run, dc).cx;

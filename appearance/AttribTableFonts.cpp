@@ -58,7 +58,6 @@ bool xTAttribTable::BuildFonts(LOGFONTW* lf, CDC* dc)
     DropDisplaced(displaced);
     DeleteFonts();
     m_fonts[0] = std::move(base);
-    NoteFace(0, dc->m_hAttribDC);
     for (const DWORD key : styledKeys) {
         *lf = m_logFont;
         add_font(lf, key, dc->m_hAttribDC);
@@ -89,11 +88,10 @@ void xTAttribTable::add_font(LOGFONTW* lf, DWORD key, HDC dc)
     if (!font || key >= fontKeys)
         return;
     m_fonts[key] = std::move(font);
-    m_faces[key] = {};
+    m_faces[key].reset();
     const HGDIOBJ previous = ::SelectObject(dc, m_fonts[key].get());
     if (!previous)
         throw xTExceptSettings{brokenFont, _T("add_font(...)")};
-    NoteFace(key, dc);
     ::SelectObject(dc, previous);
     Measure(dc);
 }
@@ -129,18 +127,16 @@ HFONT xTAttribTable::FindFont(DWORD key) const noexcept
     return key < fontKeys ? m_fonts[key].get() : nullptr;
 }
 
-// Another context may have another resolution: what is measured there tells nothing about the control's own.
-void xTAttribTable::NoteFace(DWORD key, HDC dc) noexcept
-{
-    m_faces[key] = m_dc && m_dc->m_hAttribDC == dc ? xTAsciiFace(dc) : xTAsciiFace();
-}
-
-const xTAsciiFace* xTAttribTable::FaceFor(WStrView run, CDC* dc, const xTKnown& known) const noexcept
+// Another context may have another resolution: what is measured there tells nothing about the control's own. A font is
+// asked about when it is first used, few of the eight being so; the context holds it then.
+const xTAsciiFace* xTAttribTable::FaceFor(WStrView run, CDC* dc, const xTKnown& known)
 {
     if (!known.style || dc != m_dc || dc->m_hDC != dc->m_hAttribDC)
         return nullptr;
-    const xTAsciiFace& face = m_faces[*known.style];
-    return face.Holds(run) ? &face : nullptr;
+    std::optional<xTAsciiFace>& face = m_faces[*known.style];
+    if (!face)
+        face.emplace(dc->m_hDC);
+    return face->Holds(run) ? &*face : nullptr;
 }
 
 // No font dies while the control's context holds it: the system would keep it alive and it would be lost.
