@@ -1,7 +1,9 @@
 #pragma once
 
 #include "bench/Floors.h"
+#include "bench/Table.h"
 
+#include <functional>
 #include <string>
 
 // What the benchmarks of a live control share.
@@ -13,11 +15,43 @@ struct Size {
     std::size_t characters;
 };
 
-/// One row: the figure in nanoseconds, the floor it stands on, and the most it may be as a multiple; 0: no goal.
-void Row(const char* size, const char* what, double ns, const char* floorName, double floor, double goal);
+/// What one topic works with.
+struct Bench {
+    const Size& size;
+    const std::wstring& text;
+    FloorWindow& floors;
+};
 
+/// The median of a figure and those of the floors, measured by turns.
+struct Beside {
+    double ns;
+    Floors floors;
+};
+
+/// Measures `rounds` calls in stretches, with the floors between them. `prepare` runs before each call and is not counted.
+[[nodiscard]] Beside MeasureBeside(FloorWindow& floors, int rounds, const std::function<void()>& work,
+                                   const std::function<void()>& prepare = {});
+
+/// The window that all others stand in.
+[[nodiscard]] HWND HostWindow();
 /// A shown control in focus, with a client area of `clientSize`.
 [[nodiscard]] HWND MakeControl();
+/// The committed memory that belongs to this process alone, in bytes.
+[[nodiscard]] double PrivateBytes();
+/// The time of a load from memory up to the painted view.
+[[nodiscard]] double TimeOfLoad(HWND control, const std::wstring& text);
+/// Puts the caret somewhere and ends what that leaves to paint.
+void PutCaret(HWND control, int line, int column);
 
-/// Typing and the keys that move the caret.
-void BenchKeys(const Size& size, const Floors& floors, const std::wstring& text);
+// A key as the system sends it, up to the moment when nothing of it is left to paint.
+void Type(HWND control, UINT key, wchar_t ch);
+void Press(HWND control, UINT key);
+
+void BenchLoad(const Bench& bench);
+void BenchLife(const Bench& bench);
+void BenchView(const Bench& bench);
+void BenchComments(const Bench& bench);
+void BenchTyping(const Bench& bench);
+void BenchCaretKeys(const Bench& bench);
+void BenchEdits(const Bench& bench);
+void BenchFind(const Bench& bench);

@@ -14,8 +14,18 @@ inline double Now()
 
 inline double MedianOf(std::vector<double> values)
 {
+    if (values.empty())
+        return 0;
     std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
     return values[values.size() / 2];
+}
+
+/// The time of one call, in nanoseconds.
+inline double TimeOf(const std::function<void()>& work)
+{
+    const double start = Now();
+    work();
+    return Now() - start;
 }
 
 /// The median time of one call, in nanoseconds. `prepare` runs before each call and is not counted.
