@@ -40,7 +40,7 @@ struct Beside {
 [[nodiscard]] double PrivateBytes();
 /// The time of a load from memory up to the painted view.
 [[nodiscard]] double TimeOfLoad(HWND control, const std::wstring& text);
-/// Puts the caret somewhere and ends what that leaves to paint.
+/// Puts the caret somewhere and lets all that this leaves to paint come to its end.
 void PutCaret(HWND control, int line, int column);
 
 // A key as the system sends it, up to the moment when nothing of it is left to paint.
