@@ -166,7 +166,7 @@ CString xTMemStorage::joined_lines(const xTPos& from, const xTPos& to) const
         if (!has_line(line) || column < 0 || column > lines[line].GetLength())
             return {};
         const WStrView tail = lines[line].m_text.view().substr(static_cast<std::size_t>(column));
-        return line == to.line ? tail.substr(0, static_cast<std::size_t>(to.col + 1)) : tail;
+        return line == to.line ? tail.substr(0, static_cast<std::size_t>(to.col) + 1) : tail;
     };
     std::int64_t length = std::max(to.line - from.line, 0);
     for (std::int32_t line = from.line; line <= to.line; ++line)

@@ -21,6 +21,18 @@ protected:
     }
 };
 
+TEST_F(Operations, InsertWithShiftAloneIsNoKeyAndKeepsWhatCanBeRedone)
+{
+    given("a|b");
+    type("x");
+    undo();
+    NativePlatform().keysDown = {0x10};  // Shift; the Insert key itself is not down
+    stack.add_key(45);
+    EXPECT_TRUE(stack.can_redo());
+    redo();
+    EXPECT_EQ(marked(), "ax|b");
+}
+
 TEST_F(Operations, ATypedCharacterIsOneStep)
 {
     given("a|b");

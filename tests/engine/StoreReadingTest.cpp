@@ -1,5 +1,7 @@
 #include "tests/support/StoreFixture.h"
 
+#include <limits>
+
 namespace {
 
 class StoreReading : public xTStoreFixture {
@@ -80,6 +82,16 @@ TEST_P(StoreValid, PositionLiesInALineOrOnItsBreak)
 INSTANTIATE_TEST_SUITE_P(Rows, StoreValid, testing::Values(
     xTValidRow{{0, 0}, true}, xTValidRow{{0, 3}, true}, xTValidRow{{0, 4}, false}, xTValidRow{{1, 0}, true},
     xTValidRow{{0, -1}, false}, xTValidRow{{-1, 0}, false}, xTValidRow{{3, 0}, false}));
+
+TEST_F(StoreReading, TextUpToAnyColumnOfItsLastLineIsThatLine)
+{
+    xTMemStorage store(nullptr, nullptr);
+    ASSERT_TRUE(store.load_text(_T("ab\ncd\nef"), 1));
+    CString text;
+    xTPos to{1, std::numeric_limits<std::int32_t>::max()};
+    store.get_text({0, 1}, to, text);
+    EXPECT_EQ(text, _T("b\ncd"));
+}
 
 TEST_F(StoreReading, EndIsBehindTheLastCharacter)
 {

@@ -128,10 +128,12 @@ TEST(WideScan, UnitQuestionsHoldAtEveryPlace)
         ASSERT_TRUE(AllUnitsAre(text, 0x8001));
         ASSERT_FALSE(AnyUnitHas(text, 0x0004));
         ASSERT_EQ(AnyUnitHas(text, 0x8000), length > 0);
+        ASSERT_FALSE(AnyUnitUpTo(text, 0x0020));
         for (std::size_t at = 0; at < length; ++at) {
             text[at] = 0x0005;
             ASSERT_FALSE(AllUnitsAre(text, 0x8001));
             ASSERT_TRUE(AnyUnitHas(text, 0x0004));
+            ASSERT_TRUE(AnyUnitUpTo(text, 0x0020));
             text[at] = 0x8001;
         }
     }
