@@ -79,14 +79,17 @@ def rows(header):
 
 
 def evaluate(header, compiler, expressions):
-    """The values of constant expressions, read out of the compiler's assembly: no program has to run."""
+    """The values of constant expressions, read out of the compiler's assembly: no program has to run.
+
+    `compiler` is a command, as a list of words.
+    """
     with tempfile.TemporaryDirectory() as folder:
         source, out = pathlib.Path(folder, "say.c"), pathlib.Path(folder, "say.s")
         says = "".join(f'    SAY({i}, {text});\n' for i, text in enumerate(expressions))
         source.write_text(f'#include "{header.path}"\n#include <stddef.h>\n'
                           '#define SAY(key, value) __asm__("\\n@@" #key " %c0" : : "i"((long long)(value)))\n'
                           f"void say(void);\nvoid say(void)\n{{\n{says}}}\n", encoding="utf-8")
-        subprocess.run([compiler, "-std=gnu11", "-DWIN32_LEAN_AND_MEAN", "-S", "-o", out, source], check=True)
+        subprocess.run([*compiler, "-std=gnu11", "-DWIN32_LEAN_AND_MEAN", "-S", "-o", out, source], check=True)
         values = {int(key): value for key, value in SAID.findall(out.read_text())}
     return [values[i] for i in range(len(expressions))]
 

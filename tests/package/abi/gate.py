@@ -106,7 +106,7 @@ def main(command, version=None, header=None, compiler=None, clang=None):
     if command == "layout":
         print("\n".join(layout(golden(HERE)[1])))
         return 0
-    lines = describe(Header(header, clang, STAND_IN), compiler)
+    lines = describe(Header(header, clang, STAND_IN), [compiler])
     faults = {"check": check, "accept": accept}[command](lines, version, HERE)
     print("\n".join(faults) or f"{len(lines)} promises, version {golden(HERE)[0]}")
     return 1 if faults else 0

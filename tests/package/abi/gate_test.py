@@ -11,6 +11,9 @@ import gate
 from describe import Header, describe
 
 HEADER = pathlib.Path(os.environ["SCRIV_SOURCE"], "include/scrivctl3.h")
+CLANG = os.environ["SCRIV_CLANG"]
+# The small windows.h instead of the compiler's own takes a tenth of the time; the header as it is gives the same lines.
+QUICK = [CLANG, "--target=x86_64-pc-windows-msvc", "-fno-integrated-as", f"-I{gate.STAND_IN}"]
 
 
 class Gate(unittest.TestCase):
@@ -29,7 +32,7 @@ class Gate(unittest.TestCase):
         self.assertIn(old, self.text)
         header = self.folder / "scrivctl3.h"
         header.write_text(self.text.replace(old, new, 1), encoding="utf-8")
-        return describe(Header(header, os.environ["SCRIV_CLANG"], gate.STAND_IN), os.environ["SCRIV_CC"])
+        return describe(Header(header, CLANG, gate.STAND_IN), QUICK)
 
     def faults(self, old, new):
         return gate.check(self.changed(old, new), self.version, self.folder)
