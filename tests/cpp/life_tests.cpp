@@ -158,6 +158,22 @@ TEST_F(CppLife, AnEventMayEndItsEditor)
     EXPECT_EQ(ending.held.use_count(), 1);
 }
 
+TEST_F(CppLife, AnEventThatEndsItsEditorMayThrow)
+{
+    scriv::Options options = InView();
+    options.events.caret = [&](const scriv::CaretEvent& event) {
+        if (event.textChanged) {
+            ending.editor.reset();
+            throw ending.held;
+        }
+    };
+    ending.editor = std::make_unique<Editor>(Make(L"text", std::move(options)));
+    const HWND control = ending.editor->Handle();
+    Type(control, L'x');
+    EXPECT_EQ(edGetHWND(control), nullptr);
+    EXPECT_EQ(ending.held.use_count(), 1);  // what was thrown went with the editor, of which nothing is left
+}
+
 TEST_F(CppLife, AnEventMayMoveAnotherEditorInItsPlace)
 {
     scriv::Options options = InView();
