@@ -9,6 +9,7 @@ from support import HERE, Unpacked
 OPTIONS = [
     f"-DCMAKE_C_COMPILER={os.environ['SCRIV_CLANG']}", "-DCMAKE_C_COMPILER_TARGET=x86_64-pc-windows-msvc",
     # There is no runtime library of Microsoft's here: the program is linked with the control and nothing else.
+    "-DCMAKE_RC_COMPILER=x86_64-w64-mingw32-windres",  # asked for, not used
     "-DCMAKE_TRY_COMPILE_TARGET_TYPE=STATIC_LIBRARY", "-DCMAKE_MSVC_RUNTIME_LIBRARY=", "-DCMAKE_C_STANDARD_LIBRARIES=",
     "-DCMAKE_EXE_LINKER_FLAGS=-Wl,/entry:start,/nodefaultlib",
 ]
