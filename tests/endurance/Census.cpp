@@ -5,6 +5,10 @@
 #include <malloc.h>
 #include <psapi.h>
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace {
 
 constexpr std::uintptr_t pastHandles = 0x10000;
@@ -33,6 +37,22 @@ bool IsIcon(std::uintptr_t number)
     ::DeleteObject(info.hbmMask);
     ::DeleteObject(info.hbmColor);
     return true;
+}
+
+std::pair<std::int64_t, std::int64_t> CountBlocks(HANDLE heap)
+{
+    std::int64_t blocks = 0;
+    std::int64_t bytes = 0;
+    ::HeapLock(heap);
+    PROCESS_HEAP_ENTRY entry{};
+    while (::HeapWalk(heap, &entry)) {
+        if (!(entry.wFlags & PROCESS_HEAP_ENTRY_BUSY))
+            continue;
+        ++blocks;
+        bytes += entry.cbData;
+    }
+    ::HeapUnlock(heap);
+    return {blocks, bytes};
 }
 
 std::int64_t PrivateKb()
@@ -84,16 +104,14 @@ std::int64_t Census::Handles()
 Census Census::TakeMemory()
 {
     Census census;
-    const HANDLE heap = reinterpret_cast<HANDLE>(::_get_heap_handle());
-    ::HeapLock(heap);
-    PROCESS_HEAP_ENTRY entry{};
-    while (::HeapWalk(heap, &entry)) {
-        if (!(entry.wFlags & PROCESS_HEAP_ENTRY_BUSY))
-            continue;
-        ++census.heapBlocks;
-        census.heapBytes += entry.cbData;
+    const HANDLE own = reinterpret_cast<HANDLE>(::_get_heap_handle());
+    std::array<HANDLE, 64> heaps{};
+    const DWORD count = std::min<DWORD>(::GetProcessHeaps(heaps.size(), heaps.data()), heaps.size());
+    for (DWORD i = 0; i < count; ++i) {
+        const auto [blocks, bytes] = CountBlocks(heaps[i]);
+        (heaps[i] == own ? census.heapBlocks : census.systemBlocks) += blocks;
+        census.heapBytes += heaps[i] == own ? bytes : 0;
     }
-    ::HeapUnlock(heap);
     census.privateKb = PrivateKb();
     return census;
 }
@@ -111,12 +129,12 @@ Census Census::Take()
 Census operator-(const Census& a, const Census& b)
 {
     return {a.gdi - b.gdi, a.windows - b.windows, a.user - b.user, a.handles - b.handles,
-            a.heapBlocks - b.heapBlocks, a.heapBytes - b.heapBytes, a.privateKb - b.privateKb};
+            a.heapBlocks - b.heapBlocks, a.heapBytes - b.heapBytes, a.systemBlocks - b.systemBlocks, a.privateKb - b.privateKb};
 }
 
 void PrintTo(const Census& census, std::ostream* out)
 {
     *out << census.gdi << " GDI, " << census.windows << " windows, " << census.user << " menus and icons, " << census.handles
-         << " handles, " << census.heapBlocks << " blocks of " << census.heapBytes << " bytes, " << census.privateKb
-         << " KB private";
+         << " handles, " << census.heapBlocks << " blocks of " << census.heapBytes << " bytes, "
+         << census.systemBlocks << " blocks of the system, " << census.privateKb << " KB private";
 }

@@ -19,6 +19,7 @@ struct Census {
     std::int64_t handles = 0;     ///< files, events, threads, ...
     std::int64_t heapBlocks = 0;  ///< living blocks of the heap of malloc, where all blocks of the library are
     std::int64_t heapBytes = 0;   ///< the bytes in them
+    std::int64_t systemBlocks = 0;  ///< living blocks of the process' other heaps, the system's own
     std::int64_t privateKb = 0;   ///< private bytes of the process, in KB
 
     /// All of it: some 0.3 s.

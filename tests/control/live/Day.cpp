@@ -20,11 +20,13 @@ int Day::Stretch()
     return events;
 }
 
-void Day::UndoAll()
+int Day::UndoAll()
 {
+    int steps = 0;
     ::SetFocus(m_control);
-    while (edExecCommand(m_control, ED_COMMAND_UNDO) != 0) {
-    }
+    while (edExecCommand(m_control, ED_COMMAND_UNDO) != 0)
+        ++steps;
+    return steps;
 }
 
 // Not near the end: a change of the last line's block is not undone to the letter, which is required.

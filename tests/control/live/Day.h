@@ -16,7 +16,8 @@ public:
     bool Event();
     /// Edits and moves until the stretch is full. @return the number of events
     int Stretch();
-    void UndoAll();
+    /// @return the number of steps
+    int UndoAll();
 
 private:
     [[nodiscard]] int Below(int n) { return static_cast<int>(m_random() % static_cast<unsigned>(n)); }

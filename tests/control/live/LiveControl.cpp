@@ -48,12 +48,14 @@ LiveControl::LiveControl(ControlHost& host, const RECT& place) : m_host(host.Win
 
 void LiveControl::Char(wchar_t ch, bool shift)
 {
+    ++m_strokes;
     const HeldKeys held(0, shift, false);
     ::SendMessageW(m_control, WM_CHAR, ch, 1);
 }
 
 void LiveControl::Key(UINT key, bool shift, bool ctrl)
 {
+    ++m_strokes;
     const HeldKeys held(key, shift, ctrl);
     ::SendMessageW(m_control, WM_KEYDOWN, key, 1);
 }
