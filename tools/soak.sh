@@ -5,8 +5,8 @@
 #   EVENTS  1,000 and above: that many events
 #
 # Three runs, one after the other: the events on five controls, 20,000,000 random steps of the engine against its model,
-# natively under sanitizers, and 1,000,000 through a live control. Memory that grows, a record in the log and a difference
-# from the model are failures. SCRIV_SEED=0 draws other histories than those of every day. Needs no display.
+# natively under sanitizers, and 1,000,000 through a live control. Memory that grows, a record in the log and a
+# difference from the model are failures. SCRIV_SEED=0 draws other histories than those of every day. Needs no display.
 set -u
 cd "$(dirname "$0")/.." || exit 1
 . tools/steps.sh

@@ -70,7 +70,8 @@ std::int64_t Census::Gdi()
     if (const DWORD told = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS))
         return told;
     ::GdiFlush();
-    return CountHandles(1, [](std::uintptr_t number) { return ::GetObjectType(reinterpret_cast<HGDIOBJ>(number)) != 0; });
+    return CountHandles(1,
+        [](std::uintptr_t number) { return ::GetObjectType(reinterpret_cast<HGDIOBJ>(number)) != 0; });
 }
 
 std::int64_t Census::Windows()
@@ -129,12 +130,14 @@ Census Census::Take()
 Census operator-(const Census& a, const Census& b)
 {
     return {a.gdi - b.gdi, a.windows - b.windows, a.user - b.user, a.handles - b.handles,
-            a.heapBlocks - b.heapBlocks, a.heapBytes - b.heapBytes, a.systemBlocks - b.systemBlocks, a.privateKb - b.privateKb};
+            a.heapBlocks - b.heapBlocks, a.heapBytes - b.heapBytes, a.systemBlocks - b.systemBlocks,
+                a.privateKb - b.privateKb};
 }
 
 void PrintTo(const Census& census, std::ostream* out)
 {
-    *out << census.gdi << " GDI, " << census.windows << " windows, " << census.user << " menus and icons, " << census.handles
+    *out << census.gdi << " GDI, " << census.windows << " windows, " << census.user << " menus and icons, "
+        << census.handles
          << " handles, " << census.heapBlocks << " blocks of " << census.heapBytes << " bytes, "
          << census.systemBlocks << " blocks of the system, " << census.privateKb << " KB private";
 }

@@ -9,9 +9,9 @@
 /// What this process holds of the system, counted object by object.
 ///
 /// GetGuiResources and GetProcessHandleCount tell nothing under Wine (they answer 0). But Wine, like old Windows, takes
-/// the low word of a handle for the whole of it, so every number that a handle may have is asked in turn: GetObjectType,
-/// IsWindow, IsMenu, GetIconInfo and GetHandleInformation tell which of them are in use. On a system that counts by
-/// itself its own figures are taken.
+/// the low word of a handle for the whole of it, so every number that a handle may have is asked in turn:
+/// GetObjectType, IsWindow, IsMenu, GetIconInfo and GetHandleInformation tell which of them are in use. On a system
+/// that counts by itself its own figures are taken.
 struct Census {
     std::int64_t gdi = 0;         ///< pens, brushes, fonts, regions, bitmaps, contexts, ...
     std::int64_t windows = 0;     ///< of this process, with those of the system's own that serve it

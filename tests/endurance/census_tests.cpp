@@ -42,7 +42,8 @@ const Leak leaks[] = {
      [] { ::DestroyCursor(cursor); }, &Census::User},
     {"event", [] { event = ::CreateEventW(nullptr, FALSE, FALSE, nullptr); }, [] { ::CloseHandle(event); },
      &Census::Handles},
-    {"block", [] { block = std::malloc(40); }, [] { std::free(block); }, [] { return Census::TakeMemory().heapBlocks; }},
+    {"block", [] { block = std::malloc(40); }, [] { std::free(block); },
+     [] { return Census::TakeMemory().heapBlocks; }},
 };
 
 class CensusFinds : public testing::TestWithParam<Leak> {};

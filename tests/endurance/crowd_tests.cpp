@@ -13,8 +13,8 @@
 #include <random>
 #include <thread>
 
-// Many controls in one process: a thousand with a thousand lines each, a tenth of them in view, dialogs open in some; and
-// some on each of several threads. 100 controls; SCRIV_FULL=1 makes it 1,000, SCRIV_CONTROLS as many as one likes.
+// Many controls in one process: a thousand with a thousand lines each, a tenth of them in view, dialogs open in some;
+// and some on each of several threads. 100 controls; SCRIV_FULL=1 makes it 1,000, SCRIV_CONTROLS as many as one likes.
 
 namespace {
 
@@ -50,7 +50,8 @@ std::string Fault(HWND control, int number)
     auto room = static_cast<UINT32>(first.size());
     edGetLine(control, 0, FALSE, first.data(), &room);
     first.resize(room - 1);
-    return first == L"control " + std::to_wstring(number) ? "" : "control " + std::to_string(number) + " has another text";
+    return first == L"control " + std::to_wstring(number)
+        ? "" : "control " + std::to_string(number) + " has another text";
 }
 
 /// As many controls, made in order, and destroyed in a random one while find dialogs and tuning pages are open.
@@ -107,8 +108,8 @@ namespace {
 
 constexpr int threadCount = 4;
 
-/// One thread's work: its own host, its own controls, and now and then a hand on a control of another thread, which is a
-/// bad handle to it.
+/// One thread's work: its own host, its own controls, and now and then a hand on a control of another thread, which is
+/// a bad handle to it.
 class Worker {
 public:
     Worker(int number, std::vector<std::atomic<HWND>>& shared) : m_number(number), m_shared(shared) {}
@@ -154,7 +155,8 @@ private:
         const HWND other = m_shared[static_cast<std::size_t>((m_number + 1) % threadCount)];
         edPoint point{-5, -5};
         if (edGetHWND(other) || edGetLineCount(other) != 0 || edGetPosition(other, ED_POSITION_CARET, &point) ||
-            edLoadText(other, L"x", 1) || edExecCommand(other, ED_COMMAND_SELECT_ALL) || edGetSnapshotNewLine(other, 0) != -1)
+            edLoadText(other, L"x", 1) || edExecCommand(other, ED_COMMAND_SELECT_ALL) || edGetSnapshotNewLine(other,
+                0) != -1)
             fault = "a control of another thread has answered";
     }
     void Destroy(std::vector<HWND>& controls)

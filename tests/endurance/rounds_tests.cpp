@@ -8,10 +8,10 @@
 
 #include <iostream>
 
-// Controls that come and go leave nothing behind: whole lives from edCreateCtrl to edDestroyCtrl, one after the other, and
-// what the process holds is the same after thousands as it was after the first hundred. Every eighth round opens the
-// dialogs of the search and of tuning and edits in view; the others edit behind the scenes. 300 rounds; SCRIV_FULL=1 makes
-// 10,000 of them, SCRIV_ROUNDS as many as one likes.
+// Controls that come and go leave nothing behind: whole lives from edCreateCtrl to edDestroyCtrl, one after the other,
+// and what the process holds is the same after thousands as it was after the first hundred. Every eighth round opens
+// the dialogs of the search and of tuning and edits in view; the others edit behind the scenes. 300 rounds;
+// SCRIV_FULL=1 makes 10,000 of them, SCRIV_ROUNDS as many as one likes.
 
 namespace {
 

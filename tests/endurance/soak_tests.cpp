@@ -14,8 +14,8 @@
 // A day of one user, ten events a second, on five controls of which at most one is in view, as behind the tabs of an
 // editor. An event is a key, a character, a click, a turn of the wheel, a change of size or focus, a command or a mark.
 // Every stretch of work is undone to the text that it began with; the tuning pages come and go and give the controls
-// other themes. Memory does not grow, and nothing is logged. 5,000 events; SCRIV_FULL=1 makes it 864,000, SCRIV_EVENTS as
-// many as one likes.
+// other themes. Memory does not grow, and nothing is logged. 5,000 events; SCRIV_FULL=1 makes it 864,000, SCRIV_EVENTS
+// as many as one likes.
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <random>
 
-/// A person at work on a text of some length: typing, blocks, clipboard, keys, mouse, wheel, windows and marks in a mixed
-/// order, the same in each run. All edits of a stretch can be undone.
+/// A person at work on a text of some length: typing, blocks, clipboard, keys, mouse, wheel, windows and marks in a
+/// mixed order, the same in each run. All edits of a stretch can be undone.
 class Day {
 public:
     static constexpr int editsInAStretch = 90;  ///< some take three steps, and 300 are kept

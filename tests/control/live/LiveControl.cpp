@@ -35,7 +35,8 @@ public:
 }  // namespace
 
 LiveControl::LiveControl()
-    : m_own(std::make_unique<ControlHost>(hostSize.cx, hostSize.cy)), m_host(m_own->Window()), m_control(m_own->Show(L""))
+    : m_own(std::make_unique<ControlHost>(hostSize.cx, hostSize.cy)), m_host(m_own->Window()),
+        m_control(m_own->Show(L""))
 {
 }
 

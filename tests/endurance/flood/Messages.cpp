@@ -108,7 +108,8 @@ bool Types(UINT id)
 std::string Shown(const Message& message)
 {
     std::ostringstream text;
-    text << std::hex << "message 0x" << message.id << ", wParam 0x" << message.wParam << ", lParam 0x" << message.lParam;
+    text << std::hex << "message 0x" << message.id << ", wParam 0x" << message.wParam << ", lParam 0x"
+        << message.lParam;
     return text.str();
 }
 

@@ -6,9 +6,9 @@
 
 #include <iostream>
 
-// Messages of every number, with arguments taken blindly, half of them sent and half of them posted. Whatever comes, the
-// control lives, its caret stands in its text, nothing but typing changes the text and nothing is logged. One message of
-// each number; SCRIV_FULL=1 makes it sixteen: 1,048,576.
+// Messages of every number, with arguments taken blindly, half of them sent and half of them posted. Whatever comes,
+// the control lives, its caret stands in its text, nothing but typing changes the text and nothing is logged. One
+// message of each number; SCRIV_FULL=1 makes it sixteen: 1,048,576.
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <commdlg.h>
 #include <climits>
 
-// The documented messages with hostile values: edges of 16 and 32 bits, codes that there are not, null and dead handles,
-// the wrong order. A row is one message with all its values in all combinations, sent and posted.
+// The documented messages with hostile values: edges of 16 and 32 bits, codes that there are not, null and dead
+// handles, the wrong order. A row is one message with all its values in all combinations, sent and posted.
 
 namespace {
 
@@ -60,27 +60,32 @@ const LPARAM deadHandle = 0x7FFE0000;
 const std::vector<WPARAM> wheelTurns = {MAKEWPARAM(0, 0),      MAKEWPARAM(0, 1),      MAKEWPARAM(0, 0xFFFF),
                                         MAKEWPARAM(0, 120),    MAKEWPARAM(0, 0xFF88), MAKEWPARAM(0, 0x7FFF),
                                         MAKEWPARAM(0, 0x8000), MAKEWPARAM(0xFFFF, 1), allBits};
-const std::vector<WPARAM> scrollCodes = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  0xFFFF, 0x00040004, 0xFFFF0004, 0x7FFF0005,
+const std::vector<WPARAM> scrollCodes = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  0xFFFF, 0x00040004, 0xFFFF0004,
+    0x7FFF0005,
                                          0x80000005, allBits};
 
 const Row rows[] = {
     {"MouseMove", {WM_MOUSEMOVE}, {0, MK_LBUTTON, 0xFFFF, allBits}, Points()},
-    {"ButtonDown", {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN, WM_XBUTTONDOWN}, {0, MK_LBUTTON, allBits}, Points()},
+    {"ButtonDown", {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN, WM_XBUTTONDOWN}, {0, MK_LBUTTON, allBits},
+     Points()},
     {"ButtonUpWithNoneDown", {WM_LBUTTONUP, WM_RBUTTONUP, WM_MBUTTONUP, WM_XBUTTONUP}, {0, allBits}, Points()},
     {"DoubleClick", {WM_LBUTTONDBLCLK, WM_RBUTTONDBLCLK}, {0, MK_LBUTTON, MK_LBUTTON | MK_SHIFT, allBits}, Points()},
     {"DownMoveUp", {WM_LBUTTONDOWN, WM_MOUSEMOVE, WM_LBUTTONUP}, {MK_LBUTTON}, Points()},
     {"MoveBeforeDown", {WM_MOUSEMOVE, WM_LBUTTONUP, WM_LBUTTONDOWN, WM_CAPTURECHANGED}, {MK_LBUTTON}, Points()},
     {"CaptureChanged", {WM_LBUTTONDOWN, WM_CAPTURECHANGED, WM_MOUSEMOVE}, {0, MK_LBUTTON}, {0, 1, deadHandle, -1}},
     {"CancelledMode", {WM_LBUTTONDOWN, WM_CANCELMODE, WM_MOUSEMOVE, WM_LBUTTONUP}, {MK_LBUTTON}, {0, At(40, 40), -1}},
-    {"Hover", {WM_MOUSEHOVER, WM_MOUSELEAVE, WM_NCMOUSEMOVE, WM_NCHITTEST, WM_MOUSEACTIVATE}, {0, 1, 6, 7, allBits}, Points()},
+    {"Hover", {WM_MOUSEHOVER, WM_MOUSELEAVE, WM_NCMOUSEMOVE, WM_NCHITTEST, WM_MOUSEACTIVATE}, {0, 1, 6, 7, allBits},
+     Points()},
     {"Wheel", {WM_MOUSEWHEEL, WM_MOUSEHWHEEL}, wheelTurns, {0, -1, At(-32768, 32767)}},
     {"Scroll", {WM_VSCROLL, WM_HSCROLL}, scrollCodes, {0, 1, deadHandle, -1}},
     {"Timer", {WM_TIMER}, {0, 1, 2, 3500, 3501, 3502, 0xFFFF, 0x7FFFFFFF, allBits}, {0}},
     {"TimerInADrag", {WM_LBUTTONDOWN, WM_MOUSEMOVE, WM_TIMER}, {1, 3501}, {0, At(100, 100), At(-32768, -32768)}},
-    {"Size", {WM_SIZE, WM_MOVE}, {0, 1, 2, 3, 4, 5, allBits}, {0, 1, 0x00010000, 0xFFFF, -1, 0x7FFFFFFF, -0x80000000LL}},
+    {"Size", {WM_SIZE, WM_MOVE}, {0, 1, 2, 3, 4, 5, allBits}, {0, 1, 0x00010000, 0xFFFF, -1, 0x7FFFFFFF,
+     -0x80000000LL}},
     {"Redraw", {WM_SETREDRAW, WM_PAINT, WM_SETREDRAW, WM_NCPAINT}, {0, 1, 2, allBits}, {0, -1}},
     {"Show", {WM_SHOWWINDOW, WM_PAINT, WM_ENABLE}, {0, 1, 2, allBits}, {0, 1, 4}},
-    {"EraseAndPrint", {WM_ERASEBKGND, WM_PRINTCLIENT, WM_PRINT, WM_ICONERASEBKGND}, {0, 1, 0x7FFE0000, allBits}, {0, 0x3F, -1}},
+    {"EraseAndPrint", {WM_ERASEBKGND, WM_PRINTCLIENT, WM_PRINT, WM_ICONERASEBKGND}, {0, 1, 0x7FFE0000, allBits}, {0,
+     0x3F, -1}},
     {"Focus", {WM_SETFOCUS, WM_KILLFOCUS}, {0, 1, 0x7FFE0000, allBits}, {0, -1}},
     {"FocusLostTwice", {WM_KILLFOCUS, WM_KILLFOCUS, WM_SETFOCUS, WM_SETFOCUS, WM_CHAR}, {'a'}, {1}},
     {"Activate", {WM_ACTIVATE, WM_ACTIVATEAPP, WM_NCACTIVATE, WM_CHILDACTIVATE}, {0, 1, 2, allBits}, {0, deadHandle}},
@@ -89,27 +94,34 @@ const Row rows[] = {
     {"SysKeyDown", {WM_SYSKEYDOWN}, UpTo(0xFF), {0, 0x20000001, -1}},
     {"SysChar", {WM_SYSCHAR, WM_DEADCHAR, WM_SYSDEADCHAR}, UpTo(0xFF), {0, 0x20000001}},
     {"Char", {WM_CHAR, WM_UNICHAR, WM_IME_CHAR}, UpTo(0x2FF), {0, 1, -1}},
-    {"CharOfTheEdges", {WM_CHAR}, {0xD7FF, 0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xE000, 0xFEFF, 0xFFFE, 0x1F600, 0x80000041}, {1}},
+    {"CharOfTheEdges", {WM_CHAR}, {0xD7FF, 0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xE000, 0xFEFF, 0xFFFE, 0x1F600,
+     0x80000041}, {1}},
     {"ImeWithoutComposition",
-     {WM_IME_STARTCOMPOSITION, WM_IME_COMPOSITION, WM_IME_ENDCOMPOSITION, WM_IME_NOTIFY, WM_IME_SETCONTEXT, WM_IME_SELECT,
+     {WM_IME_STARTCOMPOSITION, WM_IME_COMPOSITION, WM_IME_ENDCOMPOSITION, WM_IME_NOTIFY, WM_IME_SETCONTEXT,
+      WM_IME_SELECT,
       WM_IME_COMPOSITIONFULL, WM_IME_KEYDOWN, WM_IME_KEYUP},
      {0, 1, 'A', allBits},
      {0, 0x0800, -1}},
     {"DragScroll", {dragScroll}, {0, allBits}, Points()},
     {"AfterPaint", {afterPaint}, {0, allBits}, {0, -1}},
     {"SystemChanged",
-     {WM_SYSCOLORCHANGE, WM_FONTCHANGE, WM_TIMECHANGE, WM_DISPLAYCHANGE, WM_THEMECHANGED, WM_PALETTECHANGED, WM_USERCHANGED,
+     {WM_SYSCOLORCHANGE, WM_FONTCHANGE, WM_TIMECHANGE, WM_DISPLAYCHANGE, WM_THEMECHANGED, WM_PALETTECHANGED,
+      WM_USERCHANGED,
       WM_INPUTLANGCHANGE, WM_QUERYNEWPALETTE},
      {0, 1, 32, allBits},
      {0, At(1, 1), -1}},
     {"SessionEnds", {WM_QUERYENDSESSION, WM_ENDSESSION, WM_QUIT, WM_QUERYOPEN}, {0, 1, allBits}, {0, 1}},
     {"MadeAgain", {WM_CREATE}, {0, allBits}, {0, -1}},
-    {"Questions", {WM_GETDLGCODE, WM_GETFONT, WM_GETICON, WM_GETHOTKEY, WM_GETTEXTLENGTH, WM_GETOBJECT, WM_QUERYDRAGICON},
+    {"Questions", {WM_GETDLGCODE, WM_GETFONT, WM_GETICON, WM_GETHOTKEY, WM_GETTEXTLENGTH, WM_GETOBJECT,
+     WM_QUERYDRAGICON},
      {0, 1, allBits}, {0, 1, -1, -4}},
-    {"EditMessages", {WM_CUT, WM_COPY, WM_PASTE, WM_CLEAR, WM_UNDO, EM_SETSEL, EM_UNDO, EM_LIMITTEXT}, {0, 1, allBits}, {0, -1}},
+    {"EditMessages", {WM_CUT, WM_COPY, WM_PASTE, WM_CLEAR, WM_UNDO, EM_SETSEL, EM_UNDO, EM_LIMITTEXT}, {0, 1,
+     allBits}, {0, -1}},
     {"NullRecords",
-     {WM_SETTEXT, WM_GETTEXT, WM_COPYDATA, WM_NOTIFY, WM_HELP, WM_DRAWITEM, WM_MEASUREITEM, WM_COMPAREITEM, WM_DELETEITEM,
-      WM_SETTINGCHANGE, WM_DEVMODECHANGE, WM_DPICHANGED, WM_SIZING, WM_MOVING, WM_NEXTMENU, WM_POWERBROADCAST, WM_DEVICECHANGE,
+     {WM_SETTEXT, WM_GETTEXT, WM_COPYDATA, WM_NOTIFY, WM_HELP, WM_DRAWITEM, WM_MEASUREITEM, WM_COMPAREITEM,
+      WM_DELETEITEM,
+      WM_SETTINGCHANGE, WM_DEVMODECHANGE, WM_DPICHANGED, WM_SIZING, WM_MOVING, WM_NEXTMENU, WM_POWERBROADCAST,
+          WM_DEVICECHANGE,
       WM_DROPFILES, WM_IME_CONTROL, WM_IME_REQUEST},
      {0, 1, 0xFFFF, allBits},
      {0}},
@@ -192,7 +204,8 @@ TEST_F(HostileOrder, EveryKeyWithEveryModifier)
     ExpectWhole();
 }
 
-// The caret of the line on top is below the client area and that of the line behind it above: there is no place to go to.
+// The caret of the line on top is below the client area and that of the line behind it above: there is no place to go
+// to.
 TEST_F(HostileOrder, TheViewOfAControlLowerThanALineComesToRest)
 {
     for (const int height : {1, 5, 14}) {
