@@ -144,6 +144,7 @@ void PlacePaged(xTMemStorage& store, bool down, std::int32_t moved, const xTPos&
 
 }  // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a copy, for it may be the caret itself, which moves.
 void PageStep(xTMemStorage& store, bool down, std::int32_t moved, xTPos old, bool shift)
 {
     PlacePaged(store, down, moved, old);

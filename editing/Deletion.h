@@ -28,7 +28,7 @@ private:
     void TakeTail(xTExtString& line);
     void Finish(std::int64_t taken);
     bool TakeWholeLines();
-    bool StepOverWholeLine(std::int32_t line, std::int32_t& heir);
+    bool StepOverWholeLine(std::int32_t index, std::int32_t& heir);
     void StepToHeldLines(const xTExtString& line);
     std::int32_t StepOverHeldLines(std::int32_t& heir);
     void RemoveLines(std::int32_t count);

@@ -53,7 +53,7 @@ public:
 private:
     template <typename Request>
     void Run(const Request& request);
-    bool push_undo(std::list<xTOperation>& operation);
+    bool push_undo(std::list<xTOperation>& step);
     void Notify() const;
     void CopyList(const std::list<xTOperation>& from, std::list<xTOperation>& to) const;
 };

@@ -22,8 +22,8 @@ struct xTTextFacts {
 /// @return the index of the first `ch` at or behind `from`, the text's length when there is none
 [[nodiscard]] std::size_t FindUnit(WStrView text, WCHAR ch, std::size_t from) noexcept;
 
-/// @return the index of the first unit at or behind `from` that is one of `units`, the text's length when there is none
-[[nodiscard]] std::size_t FindAnyUnit(WStrView text, std::span<const WCHAR> units, std::size_t from) noexcept;
+/// @return the index of the first unit at or behind `from` that is one of `wanted`, the text's length when there is none
+[[nodiscard]] std::size_t FindAnyUnit(WStrView text, std::span<const WCHAR> wanted, std::size_t from) noexcept;
 
 /// @return how many times `ch` stands in the text
 [[nodiscard]] std::size_t CountUnit(WStrView text, WCHAR ch) noexcept;

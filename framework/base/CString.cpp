@@ -87,6 +87,7 @@ void CString::FreeBuffer(WCHAR* text) noexcept
     if (header->capacity == inSlab)
         xTStringSlabs::DropFrom(xTStringSlabs::SlabOf(header), 1);
     else
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): buffers that live for ever never come here.
         ::operator delete(header);
 }
 
