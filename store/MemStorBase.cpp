@@ -176,12 +176,13 @@ CString xTMemStorage::joined_lines(const xTPos& from, const xTPos& to) const
     if (length == 0)
         return {};
     // With room behind it: a deletion puts a zero there, and a large text is better not copied for that.
-    CString text(_T('\n'), static_cast<std::int32_t>(length) + 1);
-    text.Delete(static_cast<std::int32_t>(length));
+    CString text = CString::Unwritten(static_cast<std::int32_t>(length), 1);
     WCHAR* place = text.OwnBuffer();
     for (std::int32_t line = from.line; line <= to.line; ++line) {
-        place = std::ranges::copy(part(line), place).out;
-        ++place;  // the line feeds stand there already
+        if (line > from.line)
+            *place++ = _T('\n');
+        const WStrView piece = part(line);
+        place = std::char_traits<WCHAR>::copy(place, piece.data(), piece.size()) + piece.size();
     }
     return text;
 }

@@ -64,6 +64,11 @@ CString::CString(WCHAR ch, std::int32_t count) : m_text(EmptyText())
     std::fill_n(m_text, count, ch);
 }
 
+CString CString::Unwritten(std::int32_t length, std::int32_t room)
+{
+    return {NewBuffer(length, CheckedLength(std::int64_t{length} + room)), xTAdopt{}};
+}
+
 void CString::ReleaseCounted(WCHAR* text) noexcept
 {
     // Sole owners, the common case, need no locked instruction.

@@ -19,6 +19,9 @@ public:
     CString(WStrView text);           // NOLINT(google-explicit-constructor): a text is a string
     CString(const WCHAR* text);       // NOLINT(google-explicit-constructor): null counts as empty
     CString(WCHAR ch, std::int32_t count);  ///< `count` times `ch`; a count below 1 gives the empty string
+    /// A string of `length` characters, at least 1, that the caller has to write through OwnBuffer before any is read.
+    /// @param room so many more can be appended without another buffer
+    [[nodiscard]] static CString Unwritten(std::int32_t length, std::int32_t room);
     CString(const CString& other) noexcept : m_text(other.m_text) { AddRef(); }
     CString(CString&& other) noexcept : m_text(other.m_text) { other.m_text = EmptyText(); }
     CString& operator=(const CString& other) noexcept
@@ -100,8 +103,8 @@ public:
     /// written, the terminator behind them may not.
     [[nodiscard]] WCHAR* OwnBuffer() { return Splice(0, 0, 0); }
 
-    /// One more owner of the text, as a copy is, for a string that no other thread reads meanwhile: a sole owner needs no
-    /// locked instruction then to become one of two.
+    /// One more owner of the text, as a copy is, for a string that no other thread reads meanwhile: a sole owner needs
+    /// no locked instruction then to become one of two.
     [[nodiscard]] CString Share() noexcept
     {
         auto& refs = Header()->refs;

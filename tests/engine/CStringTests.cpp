@@ -34,6 +34,18 @@ TEST(CStringBasics, RepeatsACharacter)
     EXPECT_EQ(CString(_T('x'), 3), _T("xxx"));
 }
 
+TEST(CStringBasics, AnUnwrittenOneHasItsTerminatorAndItsRoom)
+{
+    CString text = CString::Unwritten(3, 2);
+    std::fill_n(text.OwnBuffer(), 3, _T('x'));
+    EXPECT_EQ(text, _T("xxx"));
+    const WCHAR* const buffer = text.c_str();
+    EXPECT_EQ(buffer[3], 0);
+    text.Append(_T("yz"));
+    EXPECT_EQ(text.c_str(), buffer) << "within the room";
+    EXPECT_EQ(text, _T("xxxyz"));
+}
+
 TEST(CStringBasics, TextMayHoldZeros)
 {
     const CString text(WStrView(_T("a\0b"), 3));
