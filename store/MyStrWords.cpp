@@ -150,6 +150,10 @@ std::int32_t xTExtString::FindInCode(WStrView sub, std::int32_t start) const
     std::int32_t hit = FindPlain(m_text, sub, start);
     if (hit < 0)
         return -1;
+    // Without a quote before it no string can be open. The walk, character by character, is for the few lines that have
+    // one: a line of many comments is asked anew behind each of them.
+    if (FindUnit(m_text.view().substr(0, static_cast<std::size_t>(hit)), _T('"'), 0) == static_cast<std::size_t>(hit))
+        return hit;
     // One walk serves all hits: the state at a later one is the state at an earlier one carried on.
     xTQuoteCount quotes(m_text, (m_flags & flagStartsInside) != 0);
     while (hit >= 0 && !quotes.IsEvenAt(static_cast<std::size_t>(hit)))
