@@ -229,8 +229,8 @@ struct xTUnitSet {
 };
 
 template <std::size_t N>
-std::size_t FindEndsOf(const WCHAR* first, const WCHAR* last, std::size_t from, std::size_t end, const xTUnitSet<N>& firsts,
-                       const xTUnitSet<N>& lasts) noexcept
+std::size_t FindEndsOf(const WCHAR* first, const WCHAR* last, std::size_t from, std::size_t end,
+                       const xTUnitSet<N>& firsts, const xTUnitSet<N>& lasts) noexcept
 {
     return FirstHit(
         from, end,
@@ -249,7 +249,8 @@ std::size_t FindEnds(WStrView text, std::span<const WCHAR> firsts, std::span<con
         return text.size();
     const auto find = [&]<std::size_t N>(std::integral_constant<std::size_t, N>) {
         const std::size_t end = text.size() - distance;
-        const std::size_t hit = FindEndsOf(text.data(), text.data() + distance, from, end, xTUnitSet<N>(firsts), xTUnitSet<N>(lasts));
+        const std::size_t hit = FindEndsOf(text.data(), text.data() + distance, from, end, xTUnitSet<N>(firsts),
+                                           xTUnitSet<N>(lasts));
         return hit < end ? hit : text.size();
     };
     const std::size_t most = std::max(firsts.size(), lasts.size());
