@@ -6,6 +6,7 @@
 #include "store/WideScan.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -16,12 +17,34 @@ bool TabsStay(const xTMemStorage& store) noexcept
     return !store.attribs || store.attribs->m_keepTabs;
 }
 
-// Would a string of it, inserted, be parted where this text is not: by a line feed, which a replacement may have brought
-// in, or by a zero, where it ends?
+// Would a string of it, inserted, be parted where this text is not: by a line feed, which a replacement may have
+// brought in, or by a zero, where it ends?
 bool IsParted(WStrView text) noexcept
 {
     constexpr WCHAR parting[] = {_T('\n'), 0};
     return FindAnyUnit(text, parting, 0) < text.size();
+}
+
+// The last of `count` characters from a place on, a break being one.
+xTPos LastOf(const xTMemStorage& store, const xTPos& from, std::int64_t count)
+{
+    xTPos at = from;
+    for (std::int64_t rest = store.line_length(at.line) - at.col; count > rest && at.line < store.line_count();
+         rest = store.line_length(at.line)) {
+        count -= rest + 1;
+        at = {at.line + 1, 0};
+    }
+    return {at.line, at.col + static_cast<std::int32_t>(count) - 1};
+}
+
+// Takes a piece off the beginning of a text. Returns false when the text does not begin with it.
+bool TakeOff(WStrView& text, WStrView piece) noexcept
+{
+    // Compared as bytes: the library compares wide units one by one.
+    if (piece.size() > text.size() || std::memcmp(text.data(), piece.data(), piece.size() * sizeof(WCHAR)) != 0)
+        return false;
+    text.remove_prefix(piece.size());
+    return true;
 }
 
 bool FitsInLine(std::int32_t present, std::int32_t added) noexcept
@@ -38,13 +61,31 @@ std::unique_ptr<xTHeldText> xTHeldText::Plan(const xTMemStorage& store, const xT
         return nullptr;
     std::unique_ptr<xTHeldText> text(new xTHeldText);
     text->m_head = store.lines[from.line].m_text.Mid(from.col);
-    text->m_tail = store.lines[to.line].m_text.Left(to.col + 1);
+    text->m_tail = store.lines[to.line].m_text.Left(std::min(to.col, store.line_length(to.line)) + 1);
     text->m_firstLine = from.line + 1;
     text->m_lineCount = to.line - from.line - 1;
     if (!text->LookAtLines(store) || !text->GoesLineByLine(store, from, to))
         return nullptr;
     store.lines.ReserveForTakeOut(text->m_lineCount, text->m_lines);
     return text;
+}
+
+std::unique_ptr<xTHeldText> xTHeldText::Plan(const xTMemStorage& store, const xTPos& from, std::int32_t count,
+                                             const CString& text)
+{
+    if (!store.is_valid_pos(from) || count != text.GetLength())
+        return nullptr;
+    std::unique_ptr<xTHeldText> planned = Plan(store, from, LastOf(store, from, count));
+    return planned && planned->Length() == count && planned->WillSpell(text, store) ? std::move(planned) : nullptr;
+}
+
+bool xTHeldText::WillSpell(WStrView text, const xTMemStorage& store) const
+{
+    constexpr WStrView lineFeed = _T("\n");
+    bool same = TakeOff(text, m_head) && TakeOff(text, lineFeed);
+    for (std::int32_t line = m_firstLine; same && line < m_firstLine + m_lineCount; ++line)
+        same = TakeOff(text, store.lines[line].m_text) && TakeOff(text, lineFeed);
+    return same && TakeOff(text, m_tail) && text.empty();
 }
 
 // An empty line takes over the next one, and so does a line that a deletion begins at the end of. Where a join would
@@ -103,8 +144,8 @@ bool xTHeldText::FitsAt(const xTMemStorage& store, const xTPos& pos) const
     if (!store.is_valid_pos(pos) || (m_holdsTab && !TabsStay(store)))
         return false;
     const std::int32_t present = store.line_length(pos.line);
-    const std::int32_t behind = present - pos.col;  // the rest of the line, before which all but the first piece comes in
-    return FitsInLine(present, m_head.GetLength()) && FitsInLine(behind, m_longest) && FitsInLine(behind, m_tail.GetLength());
+    const std::int32_t behind = present - pos.col;  // all but the first piece comes in before the rest of the line
+    return FitsInLine(present, m_head.GetLength()) && FitsInLine(behind, std::max(m_longest, m_tail.GetLength()));
 }
 
 void xTHeldText::PutBack(xTMemStorage& store)
@@ -161,10 +202,17 @@ void xTHeldText::PutPlainLines(xTMemStorage& store, std::int32_t at)
 
 CString xTHeldText::Spelt() const
 {
-    CString text(_T('\n'), Length());
-    WCHAR* to = std::ranges::copy(m_head.view(), text.OwnBuffer()).out + 1;
-    for (std::int32_t line = 0; line < m_lineCount; ++line)
-        to = std::ranges::copy(m_lines[line].m_text.view(), to).out + 1;
-    std::ranges::copy(m_tail.view(), to);
+    CString text = CString::Unwritten(Length(), 1);  // the room is for the zero that a deletion puts behind it
+    WCHAR* place = text.OwnBuffer();
+    const auto put = [&](WStrView piece) {
+        place = std::char_traits<WCHAR>::copy(place, piece.data(), piece.size()) + piece.size();
+    };
+    put(m_head);
+    *place++ = _T('\n');
+    for (std::int32_t line = 0; line < m_lineCount; ++line) {
+        put(m_lines[line].m_text);
+        *place++ = _T('\n');
+    }
+    put(m_tail);
     return text;
 }

@@ -21,6 +21,11 @@ public:
     /// @return null for a text that has to be kept as a string
     [[nodiscard]] static std::unique_ptr<xTHeldText> Plan(const xTMemStorage& store, const xTPos& from, xTPos to);
 
+    /// The same for the `count` characters from `from` on, a break being one, if they are `text`: inserted there, it
+    /// can be held as lines from then on.
+    [[nodiscard]] static std::unique_ptr<xTHeldText> Plan(const xTMemStorage& store, const xTPos& from,
+                                                          std::int32_t count, const CString& text);
+
     /// The first of the whole lines in the store, and how many they are.
     [[nodiscard]] std::int32_t FirstLine() const noexcept { return m_firstLine; }
     [[nodiscard]] std::int32_t LineCount() const noexcept { return m_lineCount; }
@@ -54,6 +59,7 @@ private:
     [[nodiscard]] bool LookAtLines(const xTMemStorage& store);
     [[nodiscard]] bool GoesLineByLine(const xTMemStorage& store, const xTPos& from, const xTPos& to) const;
     [[nodiscard]] bool LookAt(WStrView text, bool tabsStay);
+    [[nodiscard]] bool WillSpell(WStrView text, const xTMemStorage& store) const;
     void PutLines(xTMemStorage& store);
     void PutMarkedLines(xTMemStorage& store, std::int32_t at);
     void PutPlainLines(xTMemStorage& store, std::int32_t at);

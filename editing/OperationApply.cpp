@@ -1,3 +1,4 @@
+#include "editing/HeldText.h"
 #include "editing/SearchMessages.h"
 #include "editing/TextFinder.h"
 #include "editing/operations.h"
@@ -33,6 +34,12 @@ void xTOperation::apply_overwrite()
     store->set_caret(pos);
     store->overwrite_at_caret(text.IsEmpty() ? WCHAR{0} : text[0]);
     text = CString(ch, 1);  // the character that was replaced
+}
+
+// Done again, it finds the lines held already.
+void xTOperation::apply_delete_range()
+{
+    store->delete_text(pos, count, nullptr, held && !held->IsTaken() ? held.get() : nullptr);
 }
 
 void xTOperation::apply_backspace()
@@ -108,15 +115,25 @@ void xTOperation::replace_matches()
     bool wrapped = false;
     for (xTPos at = start; at != xTPos::none && (!wrapped || at < start);
          at = finder.Search(*store, true, true, &wrapped)) {
-        xTPos end{at.line, at.col + find_text.GetLength() - 1};
-        xTReplaceRecord record{at, {}};
-        store->get_text(at, end, record.old_text);
-        replacements.push_back(std::move(record));
+        replacements.push_back({at, match_text(at)});
         if (store->replace_at(at, find_text, replace_text))
             ++replaced;
         store->set_caret({at.line, at.col + replace_text.GetLength()});
     }
     ShowReplaceCount(window, replaced);
+}
+
+// Most matches are spelt as what was looked for, and share its buffer. One with a tab may read otherwise than it stands.
+CString xTOperation::match_text(const xTPos& at) const
+{
+    const auto column = static_cast<std::size_t>(at.col);
+    const WStrView wanted = find_text;
+    if (store->lines[at.line].m_text.view().substr(column, wanted.size()) == wanted && find_text.Find(_T('\t')) < 0)
+        return find_text;
+    CString present;
+    xTPos end{at.line, at.col + find_text.GetLength() - 1};
+    store->get_text(at, end, present);
+    return present;
 }
 
 void xTOperation::apply_to_selection()
@@ -160,9 +177,18 @@ void xTOperation::transform_lines()
     }
 }
 
-void xTOperation::insert_and_show(const xTPos& at, std::int32_t& length, CString& piece)
+void xTOperation::insert_text()
 {
-    store->insert_text(at, length, piece, false);
+    if (held && !split && store->put_back(pos, *held))
+        return;
+    text = Text();
+    held.reset();
+    store->insert_text(pos, count, text, split);
+}
+
+void xTOperation::insert_and_show()
+{
+    insert_text();
     ensure_caret_visible();
     invalidate();
 }

@@ -40,14 +40,10 @@ void xTOperation::undo_kind()
     case overwrite: undo_overwrite(); break;
     case insert: store->delete_text(pos, count); break;
     case backspace: store->insert_text(pos, count, text, split); break;
-    case erase: undo_deletion(); break;
+    case erase: insert_text(); break;
     case enter: undo_enter(); break;
-    case delete_range:
-        undo_deletion();
-        ensure_caret_visible();
-        invalidate();
-        break;
-    case paste: store->delete_text(pos, count); clear_selection(); break;
+    case delete_range: insert_and_show(); break;
+    case paste: undo_paste(); break;
     case insert_block: undo_block(); break;
     case replace:
         if (pos == xTPos::none)
@@ -100,13 +96,16 @@ void xTOperation::undo_overwrite()
         window->InvalidateCaretLine();
 }
 
-void xTOperation::undo_deletion()
+// What was pasted goes as lines if it stands there as it came: the string is not needed any more then.
+void xTOperation::undo_paste()
 {
-    if (held && !split && store->put_back(pos, *held))
-        return;
-    text = Text();
-    held.reset();
-    store->insert_text(pos, count, text, split);
+    std::unique_ptr<xTHeldText> lines = held ? nullptr : xTHeldText::Plan(*store, pos, count, text);
+    store->delete_text(pos, count, nullptr, lines.get());
+    if (lines) {
+        held = std::move(lines);
+        text.Empty();
+    }
+    clear_selection();
 }
 
 void xTOperation::undo_enter()

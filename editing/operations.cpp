@@ -196,8 +196,8 @@ bool xTOperation::apply_kind()
     case backspace: apply_backspace(); return true;
     case enter: apply_enter(); return true;
     case erase: store->delete_at_caret(text, pos, count, split, &held); return true;
-    case delete_range: store->delete_text(pos, count, nullptr, held && !held->IsTaken() ? held.get() : nullptr); return true;
-    case paste: insert_and_show(pos, count, text); return true;
+    case delete_range: apply_delete_range(); return true;
+    case paste: insert_and_show(); return true;
     case insert_block: apply_block(); return true;
     case replace: return apply_replace();
     case replace_all: apply_replace_all(); return true;

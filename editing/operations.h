@@ -78,7 +78,7 @@ public:
     xTPos pos;               ///< where the edit acts; the view is sent there before undo and redo
     std::int32_t count = 0;  ///< characters of `text` that the edit handles; 0 keeps it off the stack
     std::int32_t count2 = 0;
-    CString text;            ///< added or removed; for block kinds the lines before the change; not set while `held` is
+    CString text;            ///< added or removed, unset while `held` is set; for block kinds the lines before the change
     CString text2;           ///< taken away by a move; for block kinds the lines after the change
     std::int32_t kind = none;
     CString find_text;
@@ -96,7 +96,8 @@ public:
     /// keystroke two blocks.
     std::vector<xTReplaceRecord> replacements;
     bool split = false;         ///< the deletion stopped at the join limit; undo hands it back as `rejoin`
-    std::unique_ptr<xTHeldText> held;  ///< erase, delete_range: what went, as the lines that it was; null for a string
+    /// erase, delete_range, paste undone: what went, as the lines that it was; null for a string
+    std::unique_ptr<xTHeldText> held;
 
     /// What `text` is, or would be if it were not held as lines.
     [[nodiscard]] CString Text() const;
@@ -109,6 +110,7 @@ private:
 
     [[nodiscard]] bool apply_kind();
     void apply_overwrite();
+    void apply_delete_range();
     void apply_backspace();
     void apply_enter();
     void apply_block();
@@ -118,14 +120,16 @@ private:
     void apply_to_lines();
     void auto_indent();
     void replace_matches();
+    [[nodiscard]] CString match_text(const xTPos& at) const;
 
     void undo_kind();
     void undo_overwrite();
-    void undo_deletion();
+    void undo_paste();
     void undo_enter();
     void undo_block();
     void redo_kind();
-    void insert_and_show(const xTPos& at, std::int32_t& length, CString& piece);
+    void insert_text();
+    void insert_and_show();
     void swap_text(const xTPos& at, std::int32_t removed, std::int32_t& added, CString& by);
     void swap_match(const CString& present, const CString& wanted);
     void swap_matches(bool back);

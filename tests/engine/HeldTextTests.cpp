@@ -2,6 +2,8 @@
 
 #include "tests/support/EditingFixture.h"
 
+#include <limits>
+
 // A deleted block is held as the lines that it was, and comes back as those.
 
 namespace {
@@ -99,6 +101,16 @@ TEST_F(HeldText, TabsThatBecomeSpacesMeanwhileDoSo)
     EXPECT_EQ(line(1), "    b");
 }
 
+TEST_F(HeldText, ThatEndsFarBehindItsLastLineEndsWithThat)
+{
+    given("ab\ncd\nef\ngh|");
+    stack.add_delete({0, 1}, {2, std::numeric_limits<std::int32_t>::max()});
+    ASSERT_TRUE(isHeld());
+    EXPECT_EQ(stack.undoList.front().Text(), S("b\ncd\nef"));
+    stack.undo();
+    EXPECT_EQ(marked(), "ab\\ncd\\nef|\\ngh");
+}
+
 TEST_F(HeldText, IsNoneWhereTabsReadAsSpaces)
 {
     given("a\n\tb\nc|");
@@ -158,6 +170,40 @@ TEST_F(HeldText, BringsItsCommentMarksBackAndSeesThatTheyChange)
     stack.undo();
     EXPECT_FALSE(store.lines[1].IsCommentAt(0)) << "it begins outside now";
     EXPECT_TRUE(store.lines[1].IsCommentAt(2));
+}
+
+TEST_F(HeldText, APasteThatIsUndoneGoesAndComesBackAsLines)
+{
+    given("a|b");
+    copy("1\nof its own\n\n2");
+    press(keyPaste);
+    const CString pasted = store.lines[1].m_text;
+    stack.undo();
+    EXPECT_EQ(marked(), "a|b");
+    ASSERT_TRUE(stack.redoList.front().held);
+    EXPECT_EQ(stack.redoList.front().Text(), S("1\nof its own\n\n2"));
+    stack.redo();
+    EXPECT_EQ(marked(), "a1\\nof its own\\n\\n2|b");
+    EXPECT_TRUE(store.lines[1].m_text.SharesBufferWith(pasted));
+    stack.undo();
+    EXPECT_EQ(marked(), "a|b");
+}
+
+TEST_F(HeldText, APasteThatStandsThereNoMoreAsItCameStaysAString)
+{
+    given("a|b");
+    copy("1\n2\n3");
+    press(keyPaste);
+    put(1, S("X"));
+    stack.undo();
+    EXPECT_FALSE(stack.redoList.front().held);
+    EXPECT_EQ(stack.redoList.front().text, S("1\n2\n3"));
+    tabs.m_keepTabs = false;
+    copy("1\n\t\n3");
+    press(keyPaste);
+    stack.undo();
+    EXPECT_FALSE(stack.redoList.front().held);
+    EXPECT_EQ(stack.redoList.front().text, S("1\n\t\n3"));
 }
 
 TEST_F(HeldText, IsSpeltInTheCopyOfAStack)

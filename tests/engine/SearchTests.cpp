@@ -296,6 +296,27 @@ TEST_F(Search, ReplaceAllOfTwoMatchesOnALineIsUndoneAndRedone)
     }
 }
 
+TEST_F(Search, ReplaceAllKeepsNoCopyOfAMatchThatIsSpeltAsWhatIsLookedFor)
+{
+    given("|ab AB ab");
+    stack.add_replace(request("ab", "x", xTSearchRequest::replaceAll));
+    const xTOperation& step = stack.undoList.front();
+    ASSERT_EQ(step.replacements.size(), 3u);
+    EXPECT_TRUE(step.replacements[0].old_text.SharesBufferWith(step.find_text));
+    EXPECT_EQ(step.replacements[1].old_text, S("AB"));
+    EXPECT_TRUE(step.replacements[2].old_text.SharesBufferWith(step.find_text));
+}
+
+TEST_F(Search, ReplaceAllReadsATabOfAMatchAsSpacesWhereTabsBecomeThose)
+{
+    given("|a\tb");
+    tabs.m_keepTabs = false;
+    stack.add_replace(request("a\tb", "x", xTSearchRequest::replaceAll));
+    EXPECT_EQ(stack.undoList.front().replacements[0].old_text, S("a    b"));
+    stack.undo();
+    EXPECT_EQ(line(0), "a    b");
+}
+
 // A replacement needs a character at its place, and behind the last one of a line there is none.
 TEST_F(Search, ReplaceByNothingAtTheEndOfALineIsNotUndone)
 {
