@@ -3,6 +3,7 @@
 add_library(scrivctl3 SHARED
     ${CMAKE_SOURCE_DIR}/api/scrivctl3.def
     ${CMAKE_SOURCE_DIR}/api/DllMain.cpp
+    ${CMAKE_SOURCE_DIR}/api/RuntimeReserve.cpp
     ${CMAKE_CURRENT_BINARY_DIR}/version.rc
     $<TARGET_OBJECTS:scriv_control>)
 scriv_compile_options(scrivctl3)
