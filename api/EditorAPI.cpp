@@ -82,7 +82,8 @@ void edDestroyCtrl(HWND control)
 {
     WithControl(control, [](CEditorCtrl& ctrl) {
         ctrl.DestroyWindow();
-        ctrl.DeleteWhenUnwound();
+        if (!::IsWindow(ctrl.m_hWnd))
+            ctrl.DeleteWhenUnwound();  // a window that the system keeps goes on being a control
     });
 }
 
