@@ -67,9 +67,12 @@ bool replacing_file::commit()
 bool replacing_file::replace()
 {
     const bool done = FileReplace(m_temporary, m_target);
-    // A system that fails half-way may have taken the old file away. The new one is then all there is: it stays.
-    if (done || (m_existed && FileKind(m_target) == xTFileKind::missing))
-        m_temporary.clear();
+    // A system that fails half-way may have taken the old file away. The new one is then all there is: it stays, and so
+    // it does when the question whether the old one is there finds no memory.
+    WString temporary;
+    temporary.swap(m_temporary);
+    if (!done && !(m_existed && FileKind(m_target) == xTFileKind::missing))
+        m_temporary.swap(temporary);
     return done;
 }
 

@@ -53,7 +53,7 @@ enum class xTFileKind { missing, file, other };
 /// @return false when both are as they were
 [[nodiscard]] bool FileReplace(const WString& newer, const WString& target);
 
-bool FileRemove(const WString& path);
+bool FileRemove(const WString& path) noexcept;
 
 /// The folder of the file with its separator at the end; empty for a bare name.
 [[nodiscard]] WString FileFolder(const WString& path);

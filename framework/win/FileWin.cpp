@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -72,6 +73,8 @@ std::intptr_t Open(const WString& path, DWORD access, DWORD share, DWORD creatio
     const bool overwrites = creation == OPEN_EXISTING && (access & GENERIC_WRITE);
     if (!FileFacts(file, facts) || (overwrites && (facts.dwFileAttributes & FILE_ATTRIBUTE_READONLY))) {
         ::CloseHandle(file);
+        if (creation == CREATE_NEW)
+            ::DeleteFileW(name.c_str());  // it was not there before
         return -1;
     }
     return reinterpret_cast<std::intptr_t>(file);
@@ -217,9 +220,16 @@ bool FileReplace(const WString& newer, const WString& target)
         || ::MoveFileExW(from.c_str(), to.c_str(), moveFlags);
 }
 
-bool FileRemove(const WString& path)
+// Also when the system, or the memory, is at its end: what all but the longest paths are for the system needs neither.
+bool FileRemove(const WString& path) noexcept
 {
-    return ::DeleteFileW(SystemPath(path).c_str());
+    if (::DeleteFileW(path.c_str()))
+        return true;
+    try {
+        return ::DeleteFileW(SystemPath(path).c_str());
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 WString FileFolder(const WString& path)

@@ -230,9 +230,13 @@ bool FileReplace(const WString& newer, const WString& target)
     return ::rename(from.c_str(), to.c_str()) == 0;
 }
 
-bool FileRemove(const WString& path)
+bool FileRemove(const WString& path) noexcept
 {
-    return !Fails() && ::unlink(Narrow(path).c_str()) == 0;
+    try {
+        return !Fails() && ::unlink(Narrow(path).c_str()) == 0;
+    } catch (...) {
+        return false;
+    }
 }
 
 WString FileFolder(const WString& path)
