@@ -4,9 +4,10 @@
 #   native   the engine under address, undefined-behaviour and leak sanitizers
 #   wine     the engine, the control through its exports, the sample hosts and the build itself, under Wine
 #   fuzz     each fuzz target for a few seconds
+#   cost     the instructions of each case of the engine's benchmarks, against their golden file
 #
-# --full adds the long runs: tests see SCRIV_FULL=1, fuzz targets get a minute each, the DLL is built twice and compared,
-# and the benchmarks print their figures. Needs no display. The last lines give the numbers of tests and the time.
+# --full adds the long runs: tests see SCRIV_FULL=1, fuzz targets get a minute each, the sources are read by cppcheck and
+# clang-tidy, the DLL is built twice and compared, and the benchmarks print their figures. Needs no display. The last lines give the numbers of tests and the time.
 set -u
 cd "$(dirname "$0")" || exit 1
 . tools/steps.sh
@@ -92,7 +93,10 @@ build win
 run_tests wine win "$lanes" tools/with-wine.sh --lanes "$lanes"
 build fuzz -DSCRIV_FUZZ_SECONDS=$fuzz_seconds
 run_tests fuzz fuzz "$(nproc)"
+check instructions bench/instructions.sh
 if [ "$full" = yes ]; then
+    python3 tools/fuzz_runs.py build/fuzz/reports/ctest.junit build/win/reports/ctest.junit
+    check lint tools/lint.sh
     check reproducible tools/build-twice.sh
     if [ -e bench/run.sh ]; then
         step "benchmarks"
