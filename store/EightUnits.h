@@ -24,10 +24,14 @@ struct xTEightHits {
     friend xTEightHits operator|(xTEightHits a, xTEightHits b) noexcept { return {_mm_or_si128(a.hits, b.hits)}; }
 };
 
-inline xTEightHits EightEqual(const WCHAR* at, WCHAR ch) noexcept
+/// A unit, eight times over: spread once for many questions.
+using xTEightUnits = __m128i;
+
+inline xTEightUnits EightTimes(WCHAR ch) noexcept { return _mm_set1_epi16(static_cast<short>(ch)); }
+
+inline xTEightHits EightEqual(const WCHAR* at, xTEightUnits wanted) noexcept
 {
-    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-    return {_mm_cmpeq_epi16(units, _mm_set1_epi16(static_cast<short>(ch)))};
+    return {_mm_cmpeq_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(at)), wanted)};
 }
 
 inline xTEightHits EightUpTo(const WCHAR* at, WCHAR limit) noexcept
@@ -48,11 +52,18 @@ struct xTEightHits {
     friend xTEightHits operator|(xTEightHits a, xTEightHits b) noexcept { return {a.hits | b.hits}; }
 };
 
-inline xTEightHits EightEqual(const WCHAR* at, WCHAR ch) noexcept
+/// A unit, eight times over: spread once for many questions.
+struct xTEightUnits {
+    WCHAR unit;
+};
+
+inline xTEightUnits EightTimes(WCHAR ch) noexcept { return {ch}; }
+
+inline xTEightHits EightEqual(const WCHAR* at, xTEightUnits wanted) noexcept
 {
     unsigned hits = 0;
     for (std::size_t i = 0; i < eightUnits; ++i)
-        hits |= static_cast<unsigned>(at[i] == ch) << i;
+        hits |= static_cast<unsigned>(at[i] == wanted.unit) << i;
     return {hits};
 }
 
@@ -65,6 +76,8 @@ inline xTEightHits EightUpTo(const WCHAR* at, WCHAR limit) noexcept
 }
 
 #endif
+
+inline xTEightHits EightEqual(const WCHAR* at, WCHAR ch) noexcept { return EightEqual(at, EightTimes(ch)); }
 
 /// The same of eight places that may have any of a few units.
 template <std::size_t N>

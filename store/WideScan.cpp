@@ -281,9 +281,12 @@ std::int32_t FindPair(WStrView text, WCHAR a, WCHAR b, std::int32_t from) noexce
     // Most lines are short and have none. A long text is not looked through beforehand: it may be asked for pair by
     // pair.
     constexpr std::size_t shortText = 64;
+    const xTEightUnits first = EightTimes(a);
+    const xTEightUnits second = EightTimes(b);
     if (end - begin <= shortText &&
         !HasHit(
-            begin, end, [=](std::size_t i) { return EightEqual(units + i, a) & EightEqual(units + i + 1, b); }, isPair))
+            begin, end,
+            [=](std::size_t i) { return EightEqual(units + i, first) & EightEqual(units + i + 1, second); }, isPair))
         return -1;
     const std::size_t hit = FirstHit(
         begin, end, [=](std::size_t i) { return MaskOf(BlockAt(units + i), a) & MaskOf(BlockAt(units + i + 1), b); },
