@@ -102,15 +102,16 @@ void xTMemStorage::scan_from_top()
 }
 
 // Gives the marks of a scan from the top, but looks at the changed lines alone and at those behind them that begin
-// otherwise than they did. Returns false when only one line had changed and no other has got other marks.
+// otherwise than they did. Returns whether another line than the one changed last has got other marks: that one is shown by
+// who changes it, and so were those that changed before it, with the marks that they had.
 bool xTMemStorage::scan_changed(std::span<const xTLineRange> changed)
 {
-    const bool oneLine = changed.size() == 1 && changed[0].first == changed[0].last;
-    bool othersChanged = !oneLine;
+    const std::int32_t shown = stale.Latest();
+    bool othersChanged = false;
     std::int32_t line = -1;  // the lines before it match the text
     bool inside = false;
     const auto scan = [&] {
-        if (othersChanged || line == changed[0].first) {
+        if (othersChanged || line == shown) {
             inside = ScanLine(lines[line], inside);
         } else {
             const xTMarksOfLine before(lines[line]);
@@ -132,7 +133,7 @@ bool xTMemStorage::scan_changed(std::span<const xTLineRange> changed)
     return othersChanged;
 }
 
-// The marks match the text: the window shows them now. A single changed line is shown by who changed it, as one without
+// The marks match the text: the window shows them now. The line that changed is shown by who changed it, as one without
 // any comment is. Nothing of the store is touched behind the call, which may run a handler of the host.
 void xTMemStorage::finish_rescan(bool show)
 {

@@ -8,6 +8,7 @@ void xTStaleLines::Note(std::int32_t first, std::int32_t last, std::int32_t line
         return;
     const std::int32_t growth = lineCount - m_lineCount;
     m_lineCount = lineCount;
+    m_latest = first == last ? first : -1;
     const std::int32_t lastBefore = last - growth;  // as numbered before the change
     const auto begin = m_ranges.begin();
     const auto end = begin + static_cast<std::ptrdiff_t>(m_count);
@@ -50,6 +51,7 @@ void xTStaleLines::Insert(std::int32_t first, std::int32_t count, std::int32_t l
         JoinNearest();
     Note(first, first, lineCount);
     Note(first + count, first + count, lineCount);
+    m_latest = -1;
 }
 
 bool xTStaleLines::Meets(std::int32_t first, std::int32_t last, std::int32_t lineCount) const noexcept

@@ -22,6 +22,7 @@ public:
     void Clear(std::int32_t lineCount) noexcept
     {
         m_count = 0;
+        m_latest = -1;
         m_lineCount = lineCount;
     }
 
@@ -36,6 +37,8 @@ public:
     [[nodiscard]] bool Meets(std::int32_t first, std::int32_t last, std::int32_t lineCount) const noexcept;
     /// True when any line may have wrong marks, as for a text that was never scanned.
     [[nodiscard]] bool IsWholeText(std::int32_t lineCount) const noexcept { return m_lineCount != lineCount; }
+    /// The one line that was told of last, -1 when that was more than one.
+    [[nodiscard]] std::int32_t Latest() const noexcept { return m_latest; }
     /// Ascending, with at least one line between two of them; the last may reach past the end of the text.
     [[nodiscard]] std::span<const xTLineRange> Ranges() const noexcept { return std::span(m_ranges).first(m_count); }
 
@@ -46,5 +49,6 @@ private:
 
     std::array<xTLineRange, mostRanges + 1> m_ranges{};
     std::size_t m_count = 0;
+    std::int32_t m_latest = -1;
     std::int32_t m_lineCount = unknown;  // the lines of the text that the ranges are told of
 };

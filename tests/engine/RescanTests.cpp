@@ -101,6 +101,20 @@ TEST_F(Rescan, ACommentOpenedAtTheTopTurnsTheTextAndItsUndoTurnsItBack)
     ExpectRight();
 }
 
+TEST_F(Rescan, AnEarlierChangeElsewhereThatWasShownRepaintsNothingMore)
+{
+    Load(_T("a /*b*/ c\n") + Many(50));
+    for (int turn = 0; turn < 3; ++turn) {
+        store.set_caret({40, 0});
+        type("x");  // on a line without a comment, which leaves the scan for later
+        store.set_caret({0, 0});
+        const int before = window.invalidated;
+        type("y");  // on a line with one, which scans both
+        EXPECT_EQ(window.invalidated, before) << turn;
+        ExpectRight();
+    }
+}
+
 TEST_F(Rescan, AChangeThatLeavesTheMarksOfAllOtherLinesRepaintsNoneOfThem)
 {
     Load(_T("a /*b*/ c\n") + Many(50));
