@@ -104,7 +104,7 @@ private:
     {
         return loadNsALine * m_lines + 2 * fault * KeptBytes(m_bench.text, m_lines);
     }
-    // A small text's load is its page.
+    // Loads and memory have goals from ten million characters on.
     [[nodiscard]] double Goal(double goal) const { return m_bench.size.characters < 10'000'000 ? 0 : goal; }
     wchar_t* Room(UINT32 size)
     {
