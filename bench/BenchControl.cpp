@@ -70,11 +70,10 @@ double TimeOfLoad(HWND control, const std::wstring& text)
 
 void PutCaret(HWND control, int line, int column)
 {
-    constexpr DWORD displayMs = 3;  // the display server goes on working when the call that painted a page is over
     edSetCaretPosition(control, line, column);
     Drain();
     ::UpdateWindow(control);
-    ::Sleep(displayMs);
+    Rest();
 }
 
 void Type(HWND control, UINT key, wchar_t ch)

@@ -9,15 +9,24 @@
 namespace {
 
 constexpr int keysOnALine = 30;  // no line gets so long that the view has to follow
-constexpr const char* keyFloor = "a line, the caret moved (F1)";
 
 void Report(const Bench& bench, const char* what, const Beside& measured)
 {
     const Floors& f = measured.floors;
-    const TableRow row{bench.size.name, what, measured.ns, keyFloor, f[Floor::line], 1.8};
+    const TableRow row{bench.size.name, what, measured.ns, "a line, the caret moved (F1)", f[Floor::line], 1.8};
     Print(row);
     PrintBound(row, "a line off screen, two key states, one invalidation",
                f[Floor::boundLine] + 2 * f[Floor::keyState] + f[Floor::invalidate]);
+}
+
+// Of a key that comes behind a painted page and a rest.
+void ReportRested(const Bench& bench, const char* what, const Beside& measured)
+{
+    const Floors& f = measured.floors;
+    const TableRow row{bench.size.name, what, measured.ns, "a line behind a page and a rest (F1)", f[Floor::restedLine], 1.8};
+    Print(row);
+    PrintBound(row, "such a line off screen, two key states, one invalidation",
+               f[Floor::boundRestedLine] + 2 * f[Floor::keyState] + f[Floor::invalidate]);
 }
 
 Beside TypeAt(const Bench& bench, HWND control, const std::function<void(int)>& place)
@@ -71,13 +80,13 @@ void ReportEnter(const Bench& bench, HWND control)
 void BenchTyping(const Bench& bench)
 {
     const HWND control = MakeControl();
-    Report(bench, "first keystroke after a load", TypeFirst(bench, control));
+    ReportRested(bench, "first keystroke after a load", TypeFirst(bench, control));
     const int lines = static_cast<int>(edGetLineCount(control));
     Report(bench, "keystroke in the middle",
            TypeAt(bench, control, [&](int step) { PutCaret(control, lines / 2 - step, 4); }));
     Report(bench, "keystroke at the far end",
            TypeAt(bench, control, [&](int step) { PutCaret(control, lines - 1 - step, 4); }));
-    Report(bench, "keystroke at either end by turns", TypeByTurns(bench, control, lines));
+    ReportRested(bench, "keystroke at either end by turns", TypeByTurns(bench, control, lines));
     const int comment = LineWith(bench.text, L"//", bench.text.size() / 3);
     Report(bench, "keystroke on a line with //", TypeAt(bench, control, [&](int) { PutCaret(control, comment, 1); }));
     ReportEnter(bench, control);

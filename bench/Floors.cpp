@@ -34,6 +34,13 @@ void PaintRow(HDC dc, int y)
 
 }  // namespace
 
+void Rest()
+{
+    constexpr DWORD displayMs = 3;
+    Drain();
+    ::Sleep(displayMs);
+}
+
 FloorWindow::FloorWindow(HWND host, SIZE client)
     : m_client(client), m_screen{::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)}, m_font(MakeFont())
 {
@@ -138,6 +145,12 @@ void FloorWindow::PaintPage()
     ::UpdateWindow(m_window);
 }
 
+void FloorWindow::PaintPageAndRest()
+{
+    PaintPage();
+    Rest();
+}
+
 void FloorWindow::MoveCaret()
 {
     ::SetCaretPos(charWidth * (++m_step % 30), caretRow * lineHeight);
@@ -181,11 +194,12 @@ void FloorWindow::Time(Floor floor, int rounds, void (FloorWindow::*work)(), voi
     }
 }
 
-void FloorWindow::SampleAs(Paints paints, Floor line, Floor page)
+void FloorWindow::SampleAs(Paints paints, Floor line, Floor page, Floor restedLine)
 {
     m_paints = paints;
     Time(line, 20, &FloorWindow::PaintLine);
     Time(page, 8, &FloorWindow::PaintPage);
+    Time(restedLine, 8, &FloorWindow::PaintLine, &FloorWindow::PaintPageAndRest);
 }
 
 void FloorWindow::SampleCalls()
@@ -205,8 +219,8 @@ void FloorWindow::Sample()
     MoveCaret();
     ::ShowCaret(m_window);
     Drain();
-    SampleAs(Paints::direct, Floor::line, Floor::page);
-    SampleAs(Paints::bound, Floor::boundLine, Floor::boundPage);
+    SampleAs(Paints::direct, Floor::line, Floor::page, Floor::restedLine);
+    SampleAs(Paints::bound, Floor::boundLine, Floor::boundPage, Floor::boundRestedLine);
     SampleCalls();
     m_paints = Paints::nothing;
     ::DestroyCaret();

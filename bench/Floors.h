@@ -10,9 +10,11 @@ enum class Floor {
     line,        ///< F1: invalidate one line, paint it with ten runs, move the caret
     page,        ///< F2: paint a page of 46 rows with ten runs each
     scrollBar,   ///< F3: one scroll bar call that changes something
+    restedLine,  ///< F1 behind a painted page and a rest: the first of what follows finds the machine asleep
     // What a control is bound to do beyond these, in the calls that it is bound to do it with.
     boundLine,   ///< a line as above, drawn in a bitmap of the screen's size, the caret hidden and shown around it
     boundPage,   ///< a page the same way
+    boundRestedLine,  ///< such a line behind such a page and a rest
     invalidate,  ///< one invalidation
     shift,       ///< ScrollWindow by a line, the caret on the page
     shiftPage,   ///< ScrollWindow by a page, the caret on it
@@ -26,6 +28,9 @@ struct Floors {
 
     [[nodiscard]] double operator[](Floor floor) const { return ns[static_cast<std::size_t>(floor)]; }
 };
+
+/// Lets the display server end what it goes on working at when the call that painted a page is over.
+void Rest();
 
 /// Memory, in nanoseconds a byte.
 struct MemoryFloors {
@@ -62,7 +67,7 @@ private:
     void Paint();
     void PaintRows(HDC dc, const RECT& area) const;
     void PaintOffScreen(HDC dc, const RECT& area) const;
-    void SampleAs(Paints paints, Floor line, Floor page);
+    void SampleAs(Paints paints, Floor line, Floor page, Floor restedLine);
     void SampleCalls();
     void Time(Floor floor, int rounds, void (FloorWindow::*work)(), void (FloorWindow::*prepare)() = nullptr);
 
@@ -70,6 +75,7 @@ private:
     void InvalidatePage();
     void PaintLine();
     void PaintPage();
+    void PaintPageAndRest();
     void MoveCaret();
     void SetBar();
     void Shift();
