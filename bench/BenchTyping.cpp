@@ -23,7 +23,8 @@ void Report(const Bench& bench, const char* what, const Beside& measured)
 void ReportRested(const Bench& bench, const char* what, const Beside& measured)
 {
     const Floors& f = measured.floors;
-    const TableRow row{bench.size.name, what, measured.ns, "a line behind a page and a rest (F1)", f[Floor::restedLine], 1.8};
+    const TableRow row{bench.size.name, what, measured.ns, "a line behind a page and a rest (F1)",
+                       f[Floor::restedLine], 1.8};
     Print(row);
     PrintBound(row, "such a line off screen, two key states, one invalidation",
                f[Floor::boundRestedLine] + 2 * f[Floor::keyState] + f[Floor::invalidate]);
