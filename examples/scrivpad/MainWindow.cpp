@@ -17,19 +17,6 @@ namespace {
 constexpr const wchar_t* className = L"ScrivpadMainWindow";
 constexpr SIZE startSize = {960, 720};  // at 96 dots per inch
 
-void RegisterMainClass(WNDPROC proc) noexcept
-{
-    WNDCLASSEXW info = {};
-    info.cbSize = sizeof(info);
-    info.lpfnWndProc = proc;
-    info.hInstance = ::GetModuleHandleW(nullptr);
-    info.hIcon = ::LoadIconW(nullptr, IDI_APPLICATION);
-    info.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
-    info.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    info.lpszClassName = className;
-    ::RegisterClassExW(&info);
-}
-
 }  // namespace
 
 MainWindow::MainWindow(UINT32 theme, const std::wstring& settingsFile)
@@ -37,7 +24,7 @@ MainWindow::MainWindow(UINT32 theme, const std::wstring& settingsFile)
 {
     if (theme == 0)
         m_appearance.Load();
-    RegisterMainClass(WindowObject::Procedure<MainWindow>);
+    WindowObject::Register<MainWindow>(className, frameBackground);
     const UINT dpi = ::GetDpiForSystem();
     const HMENU menu = BuildMenu();
     // The procedure finds `this` through the creation data and stores the handle in m_window. A file dropped on a text

@@ -11,22 +11,11 @@ namespace {
 
 constexpr const wchar_t* className = L"ScrivpadPane";
 
-void RegisterPaneClass(WNDPROC proc) noexcept
-{
-    WNDCLASSEXW info = {};
-    info.cbSize = sizeof(info);
-    info.lpfnWndProc = proc;
-    info.hInstance = ::GetModuleHandleW(nullptr);
-    info.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
-    info.lpszClassName = className;
-    ::RegisterClassExW(&info);
-}
-
 }  // namespace
 
 Pane::Pane(HWND parent, PaneHost& host, Appearance& appearance) : m_host(host), m_appearance(appearance)
 {
-    RegisterPaneClass(WindowObject::Procedure<Pane>);
+    WindowObject::Register<Pane>(className);
     // The procedure finds `this` through the creation data and stores the handle in m_window.
     ::CreateWindowExW(0, className, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 0, 0, parent, nullptr,
                       ::GetModuleHandleW(nullptr), this);

@@ -45,20 +45,6 @@ constexpr KeyRow keys[] = {
     return ::MulDiv(size, static_cast<int>(::GetDpiForWindow(window)), 96);
 }
 
-void RegisterPreviewClass(WNDPROC proc) noexcept
-{
-    WNDCLASSEXW info = {};
-    info.cbSize = sizeof(info);
-    info.style = CS_HREDRAW | CS_VREDRAW;
-    info.lpfnWndProc = proc;
-    info.hInstance = ::GetModuleHandleW(nullptr);
-    info.hIcon = ::LoadIconW(nullptr, IDI_APPLICATION);
-    info.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
-    info.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    info.lpszClassName = className;
-    ::RegisterClassExW(&info);
-}
-
 /// The largest rectangle of a sheet's proportions in the middle of a room.
 [[nodiscard]] RECT Fit(const SIZE& sheet, const RECT& room) noexcept
 {
@@ -97,7 +83,7 @@ PrintPreview::~PrintPreview()
 
 void PrintPreview::Open(const std::wstring& title)
 {
-    RegisterPreviewClass(WindowObject::Procedure<PrintPreview>);
+    WindowObject::Register<PrintPreview>(className, frameBackground, CS_HREDRAW | CS_VREDRAW);
     const auto dpi = static_cast<int>(::GetDpiForSystem());
     const std::wstring caption = title + L" \x2013 просмотр печати";
     ::CreateWindowExW(0, className, caption.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
