@@ -1,6 +1,7 @@
 // Hosts that interfere while a drop is on its way, and a drop target that outlives its control.
 
 #include "tests/control/drag/DropFixture.h"
+#include "tests/support/win/Misdeeds.h"
 
 #include <ole2.h>
 
@@ -38,23 +39,10 @@ TEST_F(Drop, ATargetAnswersCallsThatLackTheirArguments)
     EXPECT_EQ(other, nullptr);
 }
 
-struct Misdeed {
-    const char* name;
-    void (*act)(HWND control);
-    bool controlLives;
-};
-
-const Misdeed misdeeds[] = {
-    {"Destroys", [](HWND control) { edDestroyCtrl(control); }, false},
-    {"DestroysTheParent", [](HWND control) { ::DestroyWindow(::GetParent(control)); }, false},
-    {"LoadsAShortText", [](HWND control) { edLoadText(control, L"x", 1); }, true},
-    {"EmptiesTheText", [](HWND control) { edLoadText(control, nullptr, 0); }, true},
-    {"Hides", [](HWND control) { ::ShowWindow(control, SW_HIDE); }, true},
-    {"TakesTheFocus", [](HWND control) { ::SetFocus(::GetParent(control)); }, true},
+const std::vector<Misdeed> misdeeds = MisdeedsAnd({
     {"Undoes", [](HWND control) { edExecCommand(control, ED_COMMAND_UNDO); }, true},
     {"EndsTheDropTarget", [](HWND control) { ::RevokeDragDrop(control); }, true},
-    {"Pumps", [](HWND) { Pump(); }, true},
-};
+});
 
 class MeddlingHosts : public testing::TestWithParam<Misdeed> {};
 

@@ -1,6 +1,7 @@
 // The moves that the window around the host gets, and hosts that interfere in the middle of a gesture.
 
 #include "tests/control/mouse/MouseFixture.h"
+#include "tests/support/win/Misdeeds.h"
 
 #include <functional>
 #include <utility>
@@ -81,26 +82,13 @@ TEST_F(ForwardedMoves, DoNotExistForAControlWithoutAGrandparent)
 }
 
 // ---- Hosts that interfere
-struct Misdeed {
-    const char* name;
-    void (*act)(HWND control);
-    bool controlLives;
-};
-
-const Misdeed misdeeds[] = {
-    {"Destroys", [](HWND control) { edDestroyCtrl(control); }, false},
-    {"DestroysTheParent", [](HWND control) { ::DestroyWindow(::GetParent(control)); }, false},
-    {"LoadsAShortText", [](HWND control) { edLoadText(control, L"x", 1); }, true},
-    {"EmptiesTheText", [](HWND control) { edLoadText(control, nullptr, 0); }, true},
+const std::vector<Misdeed> misdeeds = MisdeedsAnd({
     {"TakesTheCapture", [](HWND control) { ::SetCapture(::GetParent(control)); ::ReleaseCapture(); }, true},
-    {"TakesTheFocus", [](HWND control) { ::SetFocus(::GetParent(control)); }, true},
-    {"Hides", [](HWND control) { ::ShowWindow(control, SW_HIDE); }, true},
     {"Scrolls", [](HWND control) { edSetScrollPosition(control, 50, 0); }, true},
     {"MovesTheCaret", [](HWND control) { edSetCaretPosition(control, 1, 1); }, true},
-    {"Pumps", [](HWND) { Pump(); }, true},
     {"SendsAMove", [](HWND control) { SendMouse(control, WM_MOUSEMOVE, At(3, 3)); }, true},
     {"SendsAPress", [](HWND control) { SendMouse(control, WM_LBUTTONDOWN, At(3, 3)); }, true},
-};
+});
 
 class MeddlingHosts : public testing::TestWithParam<Misdeed> {
 protected:
