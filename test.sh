@@ -7,7 +7,8 @@
 #   cost     the instructions of each case of the engine's benchmarks, against their golden file
 #
 # --full adds the long runs: tests see SCRIV_FULL=1, fuzz targets get a minute each, the sources are read by cppcheck and
-# clang-tidy, the DLL is built twice and compared, and the benchmarks print their figures. Needs no display. The last lines give the numbers of tests and the time.
+# clang-tidy, the DLL is built twice and compared, and the benchmarks print their figures. Needs no display. The last lines
+# give the numbers of tests and the time.
 set -u
 cd "$(dirname "$0")" || exit 1
 . tools/steps.sh
@@ -43,6 +44,16 @@ build()
     step "build: $preset"
     quietly "$logs/configure-$preset.log" cmake --preset "$preset" "$@" || exit 1
     quietly "$logs/build-$preset.log" cmake --build --preset "$preset" || exit 1
+}
+
+# build_ahead: builds what comes after the tests under Wine, which wait for a good part of their time, with what they leave
+# of the processors. What fails there fails once more in its turn, and says so.
+build_ahead()
+{
+    {
+        nice -n 19 cmake --preset fuzz -DSCRIV_FUZZ_SECONDS=$fuzz_seconds && nice -n 19 cmake --build --preset fuzz
+        nice -n 19 cmake --preset native && nice -n 19 cmake --build --preset native --target count_engine
+    } >"$logs/build-ahead.log" 2>&1 </dev/null &
 }
 
 # run_tests NAME PRESET PARALLEL [COMMAND...]: runs the tests of a preset, so many at a time, in the environment that the
@@ -90,7 +101,9 @@ install_locale || fail "the Russian locale cannot be made"
 build asan
 run_tests native asan "$(nproc)"
 build win
+build_ahead
 run_tests wine win "$lanes" tools/with-wine.sh --lanes "$lanes"
+wait
 build fuzz -DSCRIV_FUZZ_SECONDS=$fuzz_seconds
 run_tests fuzz fuzz "$(nproc)"
 check instructions bench/instructions.sh
