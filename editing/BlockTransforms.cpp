@@ -1,4 +1,5 @@
 #include "editing/KeyConversion.h"
+#include "framework/base/Exceptions.h"
 #include "framework/base/Platform.h"
 #include "store/MemStor.h"
 
@@ -79,16 +80,21 @@ void xTMemStorage::comment_block(bool remove)
 namespace {
 
 // Converts the characters from `start` up to `end`, both brought into the line. The new ones have base attributes.
+// Returns false when the line has lost them: it must not be put back.
 template <typename Convert>
-void ConvertPart(xTExtString& line, std::int32_t start, std::int32_t end, Convert convert)
+[[nodiscard]] bool ConvertPart(xTExtString& line, std::int32_t start, std::int32_t end, Convert convert)
 {
-    const std::int32_t from = std::clamp(start, 0, line.GetLength());
-    const std::int32_t count = std::clamp(end, from, line.GetLength()) - from;
+    const std::int32_t length = line.GetLength();
+    const std::int32_t from = std::clamp(start, 0, length);
+    const std::int32_t count = std::clamp(end, from, length) - from;
     CString part = line.m_text.Mid(from, count);
     convert(part);
     line.DeleteSubString(from, count);
+    if (count > 0 && line.GetLength() == length)
+        ThrowMemoryException();  // the line is a copy: the one in the text stays as it is
     // At the column as it was given: one outside the line goes to its end or start, but lies in no comment.
     line.InsertSubString(start, xTExtString(std::move(part)));
+    return line.GetLength() == length;  // where there was no room for it, the user has been told
 }
 
 void ConvertToCase(CString& text, bool upper)
@@ -105,8 +111,8 @@ void xTMemStorage::change_case(bool upper, const xTPos& from, const xTPos& to)
         xTExtString line = lines[i];
         const std::int32_t start = i == range.first.line ? range.first.col : 0;
         const std::int32_t end = i == range.last.line ? range.last.col + 1 : line.GetLength();
-        ConvertPart(line, start, end, [=](CString& part) { ConvertToCase(part, upper); });
-        lines[i].copy_data(line);
+        if (ConvertPart(line, start, end, [=](CString& part) { ConvertToCase(part, upper); }))
+            lines[i].copy_data(line);
         note_change(i, i);
     }
     if (wnd)
@@ -129,8 +135,8 @@ void xTMemStorage::switch_layout(const xTPos& from, const xTPos& to)
         const std::int32_t length = line.GetLength();
         const std::int32_t start = i == range.first.line && range.first.col <= length ? range.first.col : 0;
         const std::int32_t end = i == range.last.line && range.last.col < length ? range.last.col + 1 : length;
-        ConvertPart(line, start, end, retype);
-        lines[i].copy_data(line);
+        if (ConvertPart(line, start, end, retype))
+            lines[i].copy_data(line);
         note_change(i, i);
     }
     if (wnd)

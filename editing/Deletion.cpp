@@ -2,15 +2,17 @@
 
 #include "editing/CommentUnits.h"
 #include "editing/HeldText.h"
+#include "framework/base/Exceptions.h"
 #include "store/MemStor.h"
 
 #include <utility>
 
-void xTDeletion::Run()
+void xTDeletion::Run(bool& begun)
 {
     while (m_count >= 1 && m_cursor.line < m_store.line_count()) {
         if (!TakeWholeLines())
             Round();
+        begun = true;
     }
 }
 
@@ -75,7 +77,7 @@ void xTDeletion::JoinNextLine(xTExtString& line)
 void xTDeletion::EndInLine(xTExtString& line)
 {
     const std::int32_t before = line.GetLength();
-    line.DeleteSubString(m_cursor.col, static_cast<std::int32_t>(m_count));
+    RemoveFrom(line, static_cast<std::int32_t>(m_count));
     if (!m_firstRound && m_cursor.line > m_start.line) {
         xTExtString head = m_store.lines[m_start.line];
         head.Append(line);
@@ -95,9 +97,18 @@ void xTDeletion::TakeTail(xTExtString& line)
     if (m_cursor.col < 0)
         return;
     if (m_cursor.col < line.GetLength())  // a cursor behind the end of its line has nothing to take
-        line.DeleteSubString(m_cursor.col, -1);
+        RemoveFrom(line, line.GetLength() - m_cursor.col);
     Store(m_cursor.line, line);
     ++m_cursor.line;
+}
+
+// From the cursor on. The line is a copy, so one that has no memory for the change stays in the text as it is.
+void xTDeletion::RemoveFrom(xTExtString& line, std::int32_t count) const
+{
+    const std::int32_t before = line.GetLength();
+    line.DeleteSubString(m_cursor.col, count);
+    if (before > 0 && line.GetLength() == before)
+        ThrowMemoryException();
 }
 
 void xTDeletion::Store(std::int32_t index, const xTExtString& line)

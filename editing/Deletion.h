@@ -17,7 +17,8 @@ public:
         : m_store(store), m_start(start), m_cursor(start), m_count(count), m_split(split), m_held(held)
     {}
 
-    void Run();
+    /// @param begun set as soon as something of the text has changed
+    void Run(bool& begun);
     /// By how many characters the deletion moved what stood behind it in its line, as the last round saw it.
     [[nodiscard]] std::int32_t Shift() const noexcept { return m_shift; }
 
@@ -26,6 +27,7 @@ private:
     void JoinNextLine(xTExtString& line);
     void EndInLine(xTExtString& line);
     void TakeTail(xTExtString& line);
+    void RemoveFrom(xTExtString& line, std::int32_t count) const;
     void Finish(std::int64_t taken);
     bool TakeWholeLines();
     bool StepOverWholeLine(std::int32_t index, std::int32_t& heir);

@@ -21,11 +21,16 @@ std::int32_t ExpandTabs(xTExtString& piece, const xTTabSettings* tabs)
     return piece.GetLength() - before;
 }
 
-void InsertAtCaret(xTMemStorage& store, xTExtString piece, std::int32_t& count)
+std::int32_t InsertAtCaret(xTMemStorage& store, xTExtString piece, std::int32_t& count)
 {
     const xTPos pos = store.caret;
+    const std::int32_t present = store.line_length(pos.line);
     store.insert_piece(count, pos, piece);
-    store.set_caret_raw({pos.line, pos.col + piece.GetLength()});
+    const std::int32_t put = store.line_length(pos.line) - present;
+    // A line without memory for the piece stays as it is, and the caret with it.
+    const bool refused = put == 0 && pos.line >= 0 && pos.line < store.line_count();
+    store.set_caret_raw({pos.line, pos.col + (refused ? 0 : piece.GetLength())});
+    return put;
 }
 
 void BreakAtCaret(xTMemStorage& store)
@@ -79,7 +84,12 @@ bool xTInsertion::FitPiece()
 bool xTInsertion::PutPiece()
 {
     const std::int32_t before = m_count;
-    InsertAtCaret(m_store, xTExtString(m_reader.Piece()), m_count);
+    const std::int32_t put = InsertAtCaret(m_store, xTExtString(m_reader.Piece()), m_count);
+    m_put += put;
+    if (put < m_reader.Length() + m_count - before) {
+        m_count = m_put;  // no memory for it, and the user has been told: undo takes out what has come in
+        return false;
+    }
     m_reader.Grow(m_count - before);
     if (!m_reader.IsBroken()) {
         m_store.wnd->InvalidateCaretLine();
@@ -94,6 +104,7 @@ void xTInsertion::StepToNewLine()
     // A caret outside its line splits nothing and steps to the line that follows: the text goes on there.
     m_atNewLine = m_store.is_valid_pos(m_store.caret);
     BreakAtCaret(m_store);
+    ++m_put;
     if (m_atNewLine)
         PrepareWholeLines();
 }
@@ -116,6 +127,7 @@ void xTInsertion::PutWholeLine()
     const std::int32_t at = m_store.caret.line;
     *m_store.lines.InsertAt(at) = std::move(line);
     m_store.note_change(at, at);
+    m_put += m_store.line_length(at) + 1;
     m_count += growth;
     m_reader.Grow(growth);
     m_store.set_caret_raw({at + 1, 0});

@@ -12,9 +12,11 @@ struct xTTabSettings;
 /// @return by how much it grew; below 0 where a tab becomes nothing
 std::int32_t ExpandTabs(xTExtString& piece, const xTTabSettings* tabs);
 
-/// Inserts a piece without line feeds in the line of the caret, which ends behind it.
+/// Inserts a piece without line feeds in the line of the caret, which ends behind it; it stays where the line has no memory
+/// for the piece, of which the user is told.
 /// @param count grows by what tabs became
-void InsertAtCaret(xTMemStorage& store, xTExtString piece, std::int32_t& count);
+/// @return how many characters have come into the line
+std::int32_t InsertAtCaret(xTMemStorage& store, xTExtString piece, std::int32_t& count);
 
 /// Breaks the line at the caret and puts the caret at the start of the new one.
 void BreakAtCaret(xTMemStorage& store);
@@ -42,6 +44,8 @@ public:
     void Run();
     /// Writes the folds made so far into the text that was given.
     void WriteFolds(CString& text) const { m_reader.WriteFolds(text); }
+    /// How many characters have come into the text so far.
+    [[nodiscard]] std::int32_t Put() const noexcept { return m_put; }
 
 private:
     bool FitPiece();
@@ -52,6 +56,7 @@ private:
 
     xTMemStorage& m_store;
     std::int32_t& m_count;
+    std::int32_t m_put = 0;
     xTPieceReader m_reader;
     xTStringSlabs m_slabs;
     bool m_carves = false;

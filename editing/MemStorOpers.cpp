@@ -49,7 +49,9 @@ void xTMemStorage::insert_pieces(std::int32_t& count, CString& text)
     try {
         insertion.Run();
     } catch (...) {
-        // The count has grown by the folds made so far, so the text has to hold them too.
+        // The count is what has come in, so that undo takes out that and nothing else. The folds made so far are part
+        // of it, so the text has to hold them too.
+        count = insertion.Put();
         Guarded([&] { insertion.WriteFolds(text); });
         throw;
     }
@@ -102,8 +104,9 @@ void xTMemStorage::remove_line(std::int32_t index)
     note_change(index, index);
 }
 
-void xTMemStorage::delete_text(const xTPos& pos, std::int32_t count, bool* split, xTHeldText* held)
+bool xTMemStorage::delete_text(const xTPos& pos, std::int32_t count, bool* split, xTHeldText* held)
 {
+    bool changed = true;
     Guarded([&] {
         if (pos.line < 0 || (pos.line == 0 && pos.col < 0) || pos >= end_pos())
             return;
@@ -112,12 +115,15 @@ void xTMemStorage::delete_text(const xTPos& pos, std::int32_t count, bool* split
         const xTPos start = pos;
         const std::int32_t before = line_count();
         xTDeletion deletion(*this, start, count, split, held);
-        deletion.Run();
+        changed = false;
+        deletion.Run(changed);
+        changed = true;
         if (wnd)
             wnd->InvalidateCaretLine();
         if (has_selection() && start < first())
             shift_selection(start, line_count() - before, deletion.Shift());
     });
+    return changed;
 }
 
 // Text ahead of the selection has gone: `lineDelta` lines (0 or below 0) and, where it ended, `shift` characters. The
@@ -162,10 +168,9 @@ void xTMemStorage::delete_selection(CString& text, xTPos& pos, std::int32_t& cou
         text = std::move(gone);
         text.AppendChar(0);
     }
-    delete_text(pos, length, &split, lines.get());
+    count = delete_text(pos, length, &split, lines.get()) ? length : 0;
     if (lines)
         *held = std::move(lines);
-    count = length;
     selection.first = selection.last = xTPos::none;
     if (wnd)
         wnd->Invalidate();
@@ -179,8 +184,7 @@ void xTMemStorage::delete_one(CString& text, const xTPos& pos, std::int32_t& cou
         wnd->Invalidate();
     text = CString(ch, 1);
     text.AppendChar(0);
-    delete_text(pos, 1, &split);
-    count = 1;
+    count = delete_text(pos, 1, &split) ? 1 : 0;
 }
 
 void xTMemStorage::overwrite_char(const xTPos& pos, WCHAR ch)

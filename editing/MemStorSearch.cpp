@@ -48,6 +48,8 @@ void xTMemStorage::replace_selected(xTPos& pos, CString& find, const CString& re
     behind = {replaced.line, replaced.col + replacement.GetLength()};
     if (replace_at(replaced, find, replacement))
         set_caret(behind);
+    else
+        pos = xTPos::none;  // it stands as it stood: there is no step to undo
 }
 
 void xTMemStorage::show_match(const xTPos& match, std::int32_t length)

@@ -31,20 +31,26 @@ void xTOperation::apply_overwrite()
         kind = insert;
         return;
     }
+    const std::int32_t counted = std::exchange(count, 0);  // no step when what is replaced cannot be kept for undo
+    CString replaced(ch, 1);
+    count = counted;
     store->set_caret(pos);
     store->overwrite_at_caret(text.IsEmpty() ? WCHAR{0} : text[0]);
-    text = CString(ch, 1);  // the character that was replaced
+    text = std::move(replaced);
 }
 
-// Done again, it finds the lines held already.
+// Done again, it finds the lines held already. What took nothing away leaves no step: undoing it would put the text
+// there a second time.
 void xTOperation::apply_delete_range()
 {
-    store->delete_text(pos, count, nullptr, held && !held->IsTaken() ? held.get() : nullptr);
+    if (!store->delete_text(pos, count, nullptr, held && !held->IsTaken() ? held.get() : nullptr))
+        count = 0;
 }
 
 void xTOperation::apply_backspace()
 {
-    store->delete_text(pos, count, &split);
+    if (!store->delete_text(pos, count, &split))
+        count = 0;
     store->set_caret(pos);
     if (!text.IsEmpty() && text[0] == _T('\n'))
         invalidate();
@@ -52,6 +58,7 @@ void xTOperation::apply_backspace()
 
 void xTOperation::apply_enter()
 {
+    count = 0;  // no step when the indent cannot be had
     auto_indent();
     count = text.GetLength();
     store->insert_text(pos, count, text, false);
@@ -80,7 +87,7 @@ void xTOperation::apply_block()
         store->select_range(pos, store->caret);
     }
     if (move && from != xTPos::none && to != xTPos::none)
-        store->delete_text(from, count2);
+        move = store->delete_text(from, count2);
     if (!after_source) {
         store->insert_text(pos, count, text, false);
         store->select_range(pos, store->caret);
@@ -115,25 +122,32 @@ void xTOperation::replace_matches()
     bool wrapped = false;
     for (xTPos at = start; at != xTPos::none && (!wrapped || at < start);
          at = finder.Search(*store, true, true, &wrapped)) {
-        replacements.push_back({at, match_text(at)});
+        CString present;
+        if (!match_text(at, present))
+            break;  // no memory for what undo needs
+        replacements.push_back({at, std::move(present)});
         if (store->replace_at(at, find_text, replace_text))
             ++replaced;
+        else
+            replacements.pop_back();  // it stands as it stood, and undo has to leave it alone
         store->set_caret({at.line, at.col + replace_text.GetLength()});
     }
     ShowReplaceCount(window, replaced);
 }
 
 // Most matches are spelt as what was looked for, and share its buffer. One with a tab may read otherwise than it stands.
-CString xTOperation::match_text(const xTPos& at) const
+// Returns false when there was no memory for it.
+bool xTOperation::match_text(const xTPos& at, CString& present) const
 {
     const auto column = static_cast<std::size_t>(at.col);
     const WStrView wanted = find_text;
-    if (store->lines[at.line].m_text.view().substr(column, wanted.size()) == wanted && find_text.Find(_T('\t')) < 0)
-        return find_text;
-    CString present;
+    if (store->lines[at.line].m_text.view().substr(column, wanted.size()) == wanted && find_text.Find(_T('\t')) < 0) {
+        present = find_text;
+        return true;
+    }
     xTPos end{at.line, at.col + find_text.GetLength() - 1};
-    store->get_text(at, end, present);
-    return present;
+    std::int32_t length = 0;
+    return store->take_text(at, end, present, length);
 }
 
 void xTOperation::apply_to_selection()
@@ -164,7 +178,8 @@ void xTOperation::apply_to_lines()
     // the change is recorded only so far. Required.
     count = store->get_text(pos, end, text);
     transform_lines();
-    count2 = store->get_text(pos, end, text2);
+    if (!store->take_text(pos, end, text2, count2))
+        count = 0;  // neither undo nor redo could work without the new text
 }
 
 void xTOperation::transform_lines()

@@ -101,7 +101,7 @@ void xTOperation::undo_paste()
 {
     std::unique_ptr<xTHeldText> lines = held ? nullptr : xTHeldText::Plan(*store, pos, count, text);
     store->delete_text(pos, count, nullptr, lines.get());
-    if (lines) {
+    if (lines && lines->IsTaken()) {  // not where there was no memory for the deletion
         held = std::move(lines);
         text.Empty();
     }

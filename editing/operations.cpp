@@ -38,7 +38,6 @@ xTOperation::xTOperation(const xTTyped& typed, xTStoreWindow* window, xTMemStora
     Guarded([&] {
         if (!store)
             return;
-        count = 1;
         pos = store->caret;
         switch (typed.key) {
         case keyBackspace:
@@ -49,18 +48,18 @@ xTOperation::xTOperation(const xTTyped& typed, xTStoreWindow* window, xTMemStora
             kind = enter;
             break;
         case keyShift:  // Shift alone types nothing
-            count = 0;
-            break;
+            return;
         default:
             text = TextOfKey(static_cast<WCHAR>(typed.key));
         }
+        // Last: a step that could not be recorded counts nothing, so it is not kept and undo takes nothing away for it.
+        count = kind == none ? 0 : 1;
     });
 }
 
 void xTOperation::read_character_before()
 {
     if (pos == xTPos(0, 0)) {
-        count = 0;
         kind = none;
         return;
     }

@@ -120,7 +120,7 @@ private:
     void apply_to_lines();
     void auto_indent();
     void replace_matches();
-    [[nodiscard]] CString match_text(const xTPos& at) const;
+    [[nodiscard]] bool match_text(const xTPos& at, CString& present) const;
 
     void undo_kind();
     void undo_overwrite();

@@ -87,6 +87,8 @@ public:
     [[nodiscard]] WCHAR char_at(const xTPos& pos) const;
     /// Both ends inclusive; `to` is clipped to the end of the text in place. @return the length of `text`
     std::int32_t get_text(const xTPos& from, xTPos& to, CString& text) const;
+    /// The same, telling a text that could not be had from an empty one. @return false when there was no memory for it
+    bool take_text(const xTPos& from, xTPos& to, CString& text, std::int32_t& count) const;
 
     // Break points, the execution point, snapshots
     int set_break_point(std::int32_t line);
@@ -120,7 +122,8 @@ public:
     /// The caret stays, except that a selection behind `pos` is shifted and the caret put behind it.
     /// @param split out, may be null: a join was stopped
     /// @param held  may be null; planned for this very text, it gets the lines that go as a whole
-    void delete_text(const xTPos& pos, std::int32_t count, bool* split = nullptr, xTHeldText* held = nullptr);
+    /// @return false when it failed before anything was changed
+    bool delete_text(const xTPos& pos, std::int32_t count, bool* split = nullptr, xTHeldText* held = nullptr);
     /// The Delete key: the selection, or the character at `pos`, which is the caret.
     /// @param text, count  get what went, `text` with a zero behind it; untouched where nothing goes
     /// @param held  may be null; gets the text, less the zero, in the place of `text` where it can be held

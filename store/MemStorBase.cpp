@@ -138,14 +138,23 @@ void xTMemStorage::home_caret(const xTPos& pos)
 
 std::int32_t xTMemStorage::get_text(const xTPos& from, xTPos& to, CString& text) const
 {
-    return Guarded(0, [&] {
+    std::int32_t count = 0;
+    take_text(from, to, text, count);
+    return count;
+}
+
+bool xTMemStorage::take_text(const xTPos& from, xTPos& to, CString& text, std::int32_t& count) const
+{
+    count = 0;
+    return Guarded(false, [&] {
         text.Empty();
         if (const xTPos end = end_pos(); to > end)
             to = end;
         text = from.line == to.line ? piece_of_line(from, to.col) : joined_lines(from, to);
         if (attribs && !attribs->m_keepTabs)
             text.Replace(_T("\t"), CString(_T(' '), attribs->TabSpaces()));
-        return text.GetLength();
+        count = text.GetLength();
+        return true;
     });
 }
 

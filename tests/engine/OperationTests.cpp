@@ -57,6 +57,13 @@ TEST_F(Operations, ShiftAloneIsNoStep)
     EXPECT_TRUE(stack.undoList.empty());
 }
 
+TEST_F(Operations, ShiftAloneIsNoStepWhenOverwritingEither)
+{
+    given("a|b\nc");
+    stack.add_char(xTTyped{16, true});
+    EXPECT_TRUE(stack.undoList.empty());
+}
+
 TEST_F(Operations, ATabThatBecomesSpacesIsUndoneInOneStep)
 {
     given("a|b");
@@ -432,6 +439,15 @@ TEST_F(Operations, UnindentAndComments)
     redo(3);
     EXPECT_EQ(line(0), "a");
     EXPECT_EQ(line(1), "b");
+}
+
+TEST_F(Operations, UnindentOfTheOnlyLineThatIsATabIsUndone)
+{
+    given("[\t]|");
+    stack.add_indent(true);
+    EXPECT_EQ(line(0), "");
+    undo();
+    EXPECT_EQ(line(0), "\\x0009");
 }
 
 TEST_F(Operations, AnUnknownCommentModeIsNoStep)
