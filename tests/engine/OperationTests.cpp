@@ -60,7 +60,7 @@ TEST_F(Operations, ShiftAloneIsNoStep)
 TEST_F(Operations, ShiftAloneIsNoStepWhenOverwritingEither)
 {
     given("a|b\nc");
-    stack.add_char(xTTyped{16, true});
+    stack.add_char(16, true);
     EXPECT_TRUE(stack.undoList.empty());
 }
 
