@@ -12,7 +12,7 @@ protected:
     /// Goes through the calls of all functions as if they stood in one row.
     void PlayAll(Fault::HowLong howLong)
     {
-        constexpr int mostInASlice = 4;
+        constexpr int mostInASlice = 2;
         Course course = PlayWell();
         int all = 0;
         std::erase_if(course.calls, [](const auto& row) { return row.first->how->givesMemory; });
