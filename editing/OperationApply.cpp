@@ -126,12 +126,14 @@ void xTOperation::replace_matches()
         if (!match_text(at, present))
             break;  // no memory for what undo needs
         replacements.push_back({at, std::move(present)});
-        const bool isReplaced = store->replace_at(at, find_text, replace_text);
-        if (isReplaced)
-            ++replaced;
-        else
-            replacements.pop_back();  // it stands as it stood: undo has to leave it alone, and it is not met again
-        store->set_caret({at.line, at.col + (isReplaced ? replace_text : find_text).GetLength()});
+        // A match that could not be replaced stands as it stood, and undo has to leave it alone. The search would come
+        // round to it for ever as long as there is no memory, so it ends there.
+        if (!store->replace_at(at, find_text, replace_text)) {
+            replacements.pop_back();
+            break;
+        }
+        ++replaced;
+        store->set_caret({at.line, at.col + replace_text.GetLength()});
     }
     ShowReplaceCount(window, replaced);
 }

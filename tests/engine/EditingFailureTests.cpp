@@ -182,6 +182,22 @@ TEST_F(Failures, AStepThatCannotBeBuiltLeavesTheRedoList)
     EXPECT_NE(log.Bytes().find("Out of memory"), std::string::npos) << log.Bytes();
 }
 
+// The one match in front of the start would be come round to for ever.
+TEST_F(Failures, ReplaceAllEndsAtAMatchThatThereIsNoMemoryFor)
+{
+    for (int n = 0; n < 40; ++n) {
+        stack.clear_undo();
+        given("ab\n|ab ab");
+        {
+            const xTFailingNew failing(n, xTFailingNew::xTHowLong::fromThenOn);
+            stack.add_replace(replaceEach);
+        }
+        stack.undo();
+        EXPECT_EQ(line(0) + "\n" + line(1), "ab\nab ab") << "with memory out from " << n << " on";
+        EXPECT_LE(log.Records().size(), 2u * static_cast<unsigned>(n + 1)) << log.Bytes();
+    }
+}
+
 TEST_F(Failures, AFailedEditIsKeptAsAStep)
 {
     given("[ab]|");

@@ -11,7 +11,7 @@ class MemoryFailure : public SceneTest {
 protected:
     void PlayAll(Fault::HowLong howLong)
     {
-        constexpr int mostInASlice = 8;
+        constexpr int mostInASlice = 3;
         Course course = PlayWell();
         const int all = course.memoryRequests;
         for (int n = 0; n < all && (!HasFailure() || std::getenv("SCRIV_ALL")); n += StepFor(all, mostInASlice))
