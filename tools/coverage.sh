@@ -1,8 +1,8 @@
 #!/bin/bash
 # tools/coverage.sh [FOLDER...]: how much of the engine the native tests reach (default: store editing).
 #
-# Prints for each folder the share of lines and of branches that engine_tests and model_tests run, and the lines that
-# they never do. Branches that only an exception takes do not count: the compiler puts one behind nearly every call.
+# Prints for each folder the share of lines and of branches that engine_tests and the tests against the model run, and the
+# lines that they never do. Branches that only an exception takes do not count: the compiler puts one behind nearly every call.
 set -eu
 cd "$(dirname "$0")/.."
 . tools/steps.sh
@@ -10,18 +10,19 @@ cd "$(dirname "$0")/.."
 [ $# -gt 0 ] || set -- store editing
 objects=$PWD/build/coverage/CMakeFiles/scriv_engine.dir
 logs=$PWD/build/logs
+programs=(engine/engine_tests model/model_tests model/short_history_tests)
 
 step "packages"
 install_packages "$logs/packages.log" cmake ninja-build g++ googletest gcovr python3
 
 step "build: coverage"
 quietly "$logs/configure-coverage.log" cmake --preset coverage
-quietly "$logs/build-coverage.log" cmake --build --preset coverage --target engine_tests model_tests
+quietly "$logs/build-coverage.log" cmake --build --preset coverage --target "${programs[@]##*/}"
 
 find build/coverage -name '*.gcda' -delete  # what earlier runs counted
-for tests in engine_tests model_tests; do
-    step "tests: $tests"
-    quietly "$logs/coverage-$tests.log" env -C build/coverage "tests/${tests%_tests}/$tests" --gtest_brief=1
+for tests in "${programs[@]}"; do
+    step "tests: ${tests##*/}"
+    quietly "$logs/coverage-${tests##*/}.log" env -C build/coverage "tests/$tests" --gtest_brief=1
 done
 
 step "coverage: $*"

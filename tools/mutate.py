@@ -4,9 +4,9 @@
     tools/mutate.py [--count N] [--seed S] [--at FILE:LINE:COLUMN] [FOLDER...]
 
 The copy is built natively, without sanitizers. A change that does not compile, or that gives the same object code, is
-no fault and another one is drawn. A change is caught when engine_tests or model_tests fail, crash or do not end. Those
-that survive are listed at the end; the exit status is 1 when fewer than nine in ten are caught. --at tries just the
-changes of one token.
+no fault and another one is drawn. A change is caught when engine_tests or those against the model fail, crash or do not
+end. Those that survive are listed at the end; the exit status is 1 when fewer than nine in ten are caught. --at tries
+just the changes of one token.
 """
 
 import argparse
@@ -23,7 +23,7 @@ import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 FOLDERS = ["store", "editing", "appearance"]
-TESTS = [["tests/engine/engine_tests"], ["tests/model/model_tests"]]
+TESTS = [["tests/engine/engine_tests"], ["tests/model/model_tests"], ["tests/model/short_history_tests"]]
 SECONDS = 120  # the tests take a twentieth of it: what takes this long hangs
 
 # What a token may become. Operators count where blanks stand around them: templates and references have none.
@@ -106,7 +106,7 @@ class Copy:
         return hashlib.sha256((self.build / "CMakeFiles/scriv_engine.dir" / (path + ".o")).read_bytes()).digest()
 
     def link(self):
-        self.must("cmake", "--build", "--preset", "native", "--target", "engine_tests", "model_tests")
+        self.must("cmake", "--build", "--preset", "native", "--target", *(pathlib.Path(test[0]).name for test in TESTS))
 
     def who_notices(self):
         """The test program that does, and how; None when none does."""
