@@ -1,5 +1,6 @@
 #include "editing/HeldText.h"
 #include "editing/SearchMessages.h"
+#include "editing/SearchRounds.h"
 #include "editing/TextFinder.h"
 #include "editing/operations.h"
 #include "store/MemStor.h"
@@ -119,13 +120,13 @@ void xTOperation::replace_matches()
     const xTTextFinder finder(find_text, whole_word, match_case);
     const xTPos start = finder.Search(*store, true, true, nullptr);
     std::int32_t replaced = 0;
-    bool wrapped = false;
-    for (xTPos at = start; at != xTPos::none && (!wrapped || at < start);
-         at = finder.Search(*store, true, true, &wrapped)) {
+    xTSearchRounds rounds(find_text.view().size(), replace_text.view().size());
+    for (xTPos at = start; at != xTPos::none && (!rounds.HasWrapped() || at < start) && !rounds.IsEndless();) {
         CString present;
         if (!match_text(at, present))
             break;  // no memory for what undo needs
         replacements.push_back({at, std::move(present)});
+        rounds.Replace(!match_reads(at, replace_text));
         // A match that could not be replaced stands as it stood, and undo has to leave it alone. The search would come
         // round to it for ever as long as there is no memory, so it ends there.
         if (!store->replace_at(at, find_text, replace_text)) {
@@ -134,6 +135,10 @@ void xTOperation::replace_matches()
         }
         ++replaced;
         store->set_caret({at.line, at.col + replace_text.GetLength()});
+        bool wrapped = false;
+        at = finder.Search(*store, true, true, &wrapped);
+        if (wrapped)
+            rounds.ComeRound();
     }
     ShowReplaceCount(window, replaced);
 }
@@ -142,15 +147,20 @@ void xTOperation::replace_matches()
 // Returns false when there was no memory for it.
 bool xTOperation::match_text(const xTPos& at, CString& present) const
 {
-    const auto column = static_cast<std::size_t>(at.col);
-    const WStrView wanted = find_text;
-    if (store->lines[at.line].m_text.view().substr(column, wanted.size()) == wanted && find_text.Find(_T('\t')) < 0) {
+    if (match_reads(at, find_text) && find_text.Find(_T('\t')) < 0) {
         present = find_text;
         return true;
     }
     xTPos end{at.line, at.col + find_text.GetLength() - 1};
     std::int32_t length = 0;
     return store->take_text(at, end, present, length);
+}
+
+// Whether the characters of a match are those of `text`.
+bool xTOperation::match_reads(const xTPos& at, WStrView text) const
+{
+    const WStrView line = store->lines[at.line].m_text.view();
+    return line.substr(static_cast<std::size_t>(at.col), find_text.view().size()) == text;
 }
 
 void xTOperation::apply_to_selection()

@@ -121,6 +121,7 @@ private:
     void auto_indent();
     void replace_matches();
     [[nodiscard]] bool match_text(const xTPos& at, CString& present) const;
+    [[nodiscard]] bool match_reads(const xTPos& at, WStrView text) const;
 
     void undo_kind();
     void undo_overwrite();

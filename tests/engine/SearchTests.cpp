@@ -348,6 +348,40 @@ TEST_F(Search, ReplaceAllByTheSameWordAndALetterEnds)
     EXPECT_EQ(line(2), "abc");
 }
 
+// Where no match is left from the first one on, the search comes round to those before it again and again.
+TEST_F(Search, ReplaceAllOfAMatchInsideAnotherEndsWhenTheTextOnlyGrows)
+{
+    given("/|//*");
+    stack.add_replace(request("//", "//x", xTSearchRequest::replaceAll));
+    EXPECT_EQ(line(0), "//x/x*");
+    EXPECT_EQ(box(), Shown(_T("Поиск закончен. Произведено 2 замен(ы).")));
+}
+
+TEST_F(Search, ReplaceAllOfAMatchInsideAnotherByItselfEnds)
+{
+    given("/|//*");
+    stack.add_replace(request("//", "//", xTSearchRequest::replaceAll));
+    EXPECT_EQ(line(0), "///*");
+    stack.undo();
+    EXPECT_EQ(line(0), "///*");
+}
+
+TEST_F(Search, ReplaceAllGoesRoundForAsLongAsTheTextGetsShorter)
+{
+    given("a        b\n|  c");
+    stack.add_replace(request("  ", " ", xTSearchRequest::replaceAll));
+    EXPECT_EQ(line(0), "a b") << "eight blanks, four, two, one";
+    EXPECT_EQ(line(1), " c");
+}
+
+TEST_F(Search, ReplaceAllGoesRoundForAsLongAsItRewritesInTheSameLength)
+{
+    given("bbba\n|ba");
+    stack.add_replace(request("ba", "ab", xTSearchRequest::replaceAll));
+    EXPECT_EQ(line(0), "abbb");
+    EXPECT_EQ(line(1), "ab");
+}
+
 // The column of the first match is not corrected for what grows before it on its line.
 TEST_F(Search, ReplaceAllStopsEarlyOnTheStartLineWhenItGrows)
 {

@@ -28,6 +28,14 @@ int LeadingBlanks(const WString& text)
     return at == WString::npos ? 0 : static_cast<int>(at);
 }
 
+std::vector<WString> TextOf(const xTNaiveStore& store)
+{
+    std::vector<WString> text;
+    for (const auto& line : store.lines)
+        text.push_back(line.text);
+    return text;
+}
+
 }  // namespace
 
 xTNaiveOperation xTNaiveOperation::OfKind(int kind)
@@ -235,13 +243,23 @@ void xTNaiveOperation::ReplaceEach(xTNaiveStore& store)
     const xTNaiveStore::xTSearch search{findText, true, wholeWord, matchCase, true};
     const xTPos start = store.FindText(search);
     int replaced = 0;
-    bool wrapped = false;
-    for (xTPos at = start; at != xTPos::none && (!wrapped || at < start); at = store.FindText(search, &wrapped)) {
+    int rounds = 0;
+    std::vector<WString> before;  // the text at the top of the round
+    for (xTPos at = start; at != xTPos::none && (rounds == 0 || at < start);) {
         xTPos end(at.line, at.col + LengthOf(findText) - 1);
         replacements.push_back({at, store.GetText(at, end)});
         if (store.ReplaceAt(at, findText, replaceText))
             ++replaced;
         store.SetCaret(xTPos(at.line, at.col + LengthOf(replaceText)));
+        bool wrapped = false;
+        at = store.FindText(search, &wrapped);
+        if (!wrapped)
+            continue;
+        // A further round that leaves the text alone, or in which it grows, would be followed by the next for ever.
+        const std::vector<WString> now = TextOf(store);
+        if (++rounds > 1 && (now == before || replaceText.size() > findText.size()))
+            break;
+        before = now;
     }
     store.boxes.push_back(replaced < 1 ? xTNaiveStore::xTBox{nothingFound, 0} : xTNaiveStore::xTBox{searchDone, replaced});
 }
