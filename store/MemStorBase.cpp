@@ -163,7 +163,9 @@ CString xTMemStorage::piece_of_line(const xTPos& from, std::int32_t last) const
 {
     if (!is_valid_pos(from))
         return {};
-    return lines[from.line].m_text.Mid(from.col, last - from.col + 1);
+    const CString& text = lines[from.line].m_text;
+    const std::int32_t behind = std::min(last, text.GetLength()) + 1;  // `last` may be any number, the largest too
+    return text.Mid(from.col, behind - from.col);
 }
 
 // From a position to one on a later line, inclusive, with a line feed behind each line but the last. The break of the

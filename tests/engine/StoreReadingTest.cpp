@@ -142,6 +142,8 @@ TEST_F(StoreReading, CharacterOnTheBreakIsALineFeed)
     EXPECT_EQ(store.char_at({-1, 0}), 0);
 }
 
+constexpr std::int32_t farOff = std::numeric_limits<std::int32_t>::max();
+
 struct xTReadRow {
     xTPos from, to;
     const char* text;
@@ -164,6 +166,8 @@ INSTANTIATE_TEST_SUITE_P(Rows, StoreText, testing::Values(
     xTReadRow{{0, 3}, {2, -1}, "\\n\\n"}, xTReadRow{{0, 2}, {2, 99}, "e\\n\\nthree"},
     xTReadRow{{0, 2}, {9, 9}, "e\\n\\nthree"}, xTReadRow{{2, 0}, {9, 9}, "three"},
     xTReadRow{{0, 9}, {2, 1}, "\\n\\nth"},           // a start outside its line gives the break alone
+    xTReadRow{{0, 0}, {0, farOff}, "one"}, xTReadRow{{0, 1}, {0, farOff}, "ne"},
+    xTReadRow{{0, 1}, {2, farOff}, "ne\\n\\nthree"}, xTReadRow{{0, 3}, {0, farOff}, ""},
     xTReadRow{{2, 0}, {0, 2}, ""}, xTReadRow{{-1, -1}, {-1, -1}, ""}));
 
 TEST_F(StoreReading, EndPastTheTextIsClippedInPlace)
