@@ -120,6 +120,36 @@ void BenchBlocks(const Size& size, const WString& text)
     Row(size.name, "    its undo", MedianTime(rounds, undo, erase) / pasted, "ns a line", 250);
 }
 
+/// A block of lines dragged to the start of the text, and a text that the host inserts: each with its undo.
+void BenchDrops(const Size& size, const WString& text)
+{
+    constexpr std::int32_t dropped = 100'000;
+    constexpr int rounds = 7;
+    Engine engine(text);
+    const std::int32_t middle = engine.store.line_count() / 2;
+    const auto undo = [&] { engine.stack.undo(); };
+    const auto rows = [&](const char* what, const auto& drop) {
+        drop();
+        Row(size.name, what, MedianTime(rounds, drop, undo) / dropped, "ns a line", 250);
+        undo();
+        Row(size.name, "    its undo", MedianTime(rounds, undo, drop) / dropped, "ns a line", 250);
+    };
+    const CString inserted(EngineText(std::size_t{dropped} * 33 - 1));
+    rows("insertion of 100,000 lines into the middle", [&] {
+        engine.store.set_caret({middle, 7});
+        engine.stack.add_block(inserted, xTPos::none, xTPos::none, false);
+    });
+    const xTPos first{middle, 7};
+    xTPos last{middle + dropped, 6};
+    CString dragged;
+    engine.store.get_text(first, last, dragged);
+    rows("move of 100,000 lines to the start", [&] {
+        engine.store.select_range(first, {last.line, last.col + 1});
+        engine.store.set_caret({3, 0});
+        engine.stack.add_block(dragged, first, last, true);
+    });
+}
+
 void BenchReplace(const Size& size, const WString& text)
 {
     Engine engine(text, false);
@@ -196,6 +226,7 @@ int main(int argc, char** argv)
             continue;  // the rest is told of large texts
         BenchComment(size, text);
         BenchBlocks(size, text);
+        BenchDrops(size, text);
         BenchReplace(size, text);
         BenchSearch(size, text);
         BenchDeleteAll(size, text);

@@ -111,6 +111,20 @@ void CountBlocks(const WString& text)
         engine.store.select_range({middle, 0}, {middle + blockLines, 0});
         engine.stack.add_indent(false);
     });
+    const CString inserted(EngineText(std::size_t{blockLines} * 33 - 1));
+    countAll("insertion of a text", [&] {
+        engine.store.set_caret({middle, 7});
+        engine.stack.add_block(inserted, xTPos::none, xTPos::none, false);
+    });
+    const xTPos first{middle, 7};
+    xTPos last{middle + blockLines, 6};
+    CString dragged;
+    engine.store.get_text(first, last, dragged);
+    countAll("move of a block", [&] {
+        engine.store.select_range(first, {last.line, last.col + 1});
+        engine.store.set_caret({3, 0});
+        engine.stack.add_block(dragged, first, last, true);
+    });
 }
 
 void CountReplace(const WString& text)
