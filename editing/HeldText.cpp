@@ -47,6 +47,17 @@ bool TakeOff(WStrView& text, WStrView piece) noexcept
     return true;
 }
 
+// Gives a new line the characters of another, and its comment marks if they are wanted.
+void ShareLine(xTExtString& line, xTExtString& other, bool withMarks) noexcept
+{
+    line.m_text = other.m_text.Share();
+    if (!withMarks)
+        return;
+    line.m_attrs = other.m_attrs;
+    line.m_flags = other.m_flags & xTExtString::commentFlags;
+    line.m_beganInside = other.m_beganInside;
+}
+
 bool FitsInLine(std::int32_t present, std::int32_t added) noexcept
 {
     return added == 0 || present + added <= xTMemStorage::insertLimit;
@@ -54,46 +65,68 @@ bool FitsInLine(std::int32_t present, std::int32_t added) noexcept
 
 }  // namespace
 
-std::unique_ptr<xTHeldText> xTHeldText::Plan(const xTMemStorage& store, const xTPos& from, xTPos to)
+// What the range is, its lines not being in here yet; null when that has to be a string.
+std::shared_ptr<xTHeldText> xTHeldText::LookAt(const xTMemStorage& store, const xTPos& from, const xTPos& to)
 {
-    to = std::min(to, store.end_pos());
-    if (!store.is_valid_pos(from) || to.line - from.line < 2)
+    const xTPos last = std::min(to, store.end_pos());
+    if (!store.is_valid_pos(from) || last.line - from.line < 2)
         return nullptr;
-    std::unique_ptr<xTHeldText> text(new xTHeldText);
+    std::shared_ptr<xTHeldText> text(new xTHeldText);
     text->m_head = store.lines[from.line].m_text.Mid(from.col);
-    text->m_tail = store.lines[to.line].m_text.Left(std::min(to.col, store.line_length(to.line)) + 1);
+    text->m_tail = store.lines[last.line].m_text.Left(std::min(last.col, store.line_length(last.line)) + 1);
     text->m_firstLine = from.line + 1;
-    text->m_lineCount = to.line - from.line - 1;
-    if (!text->LookAtLines(store) || !text->GoesLineByLine(store, from, to))
+    text->m_lineCount = last.line - from.line - 1;
+    return text->LookAtLines(store) ? std::move(text) : nullptr;
+}
+
+std::shared_ptr<xTHeldText> xTHeldText::Plan(const xTMemStorage& store, const xTPos& from, const xTPos& to)
+{
+    std::shared_ptr<xTHeldText> text = LookAt(store, from, to);
+    if (!text || !text->GoesLineByLine(store, from))
         return nullptr;
     store.lines.ReserveForTakeOut(text->m_lineCount, text->m_lines);
     return text;
 }
 
-std::unique_ptr<xTHeldText> xTHeldText::Plan(const xTMemStorage& store, const xTPos& from, std::int32_t count,
+std::shared_ptr<xTHeldText> xTHeldText::Plan(const xTMemStorage& store, const xTPos& from, std::int32_t count,
                                              const CString& text)
 {
     if (!store.is_valid_pos(from) || count != text.GetLength())
         return nullptr;
-    std::unique_ptr<xTHeldText> planned = Plan(store, from, LastOf(store, from, count));
-    return planned && planned->Length() == count && planned->WillSpell(text, store) ? std::move(planned) : nullptr;
+    std::shared_ptr<xTHeldText> planned = Plan(store, from, LastOf(store, from, count));
+    const bool same = planned && planned->Length() == count && planned->Spells(text, store.lines, planned->m_firstLine);
+    return same ? std::move(planned) : nullptr;
 }
 
-bool xTHeldText::WillSpell(WStrView text, const xTMemStorage& store) const
+std::shared_ptr<xTHeldText> xTHeldText::Share(xTMemStorage& store, const xTPos& from, const xTPos& to)
+{
+    std::shared_ptr<xTHeldText> text = LookAt(store, from, to);
+    if (!text)
+        return nullptr;
+    xTExtString* const held = text->m_lines.InsertAt(0, text->m_lineCount);
+    const bool withMarks = text->BringsMarks();
+    for (std::int32_t i = 0; i < text->m_lineCount; ++i)
+        ShareLine(held[i], store.lines[text->m_firstLine + i], withMarks);
+    text->m_isTaken = true;
+    return text;
+}
+
+// With its whole lines being those of an array from `first` on.
+bool xTHeldText::Spells(WStrView text, const CArray<xTExtString>& lines, std::int32_t first) const
 {
     constexpr WStrView lineFeed = _T("\n");
     bool same = TakeOff(text, m_head) && TakeOff(text, lineFeed);
-    for (std::int32_t line = m_firstLine; same && line < m_firstLine + m_lineCount; ++line)
-        same = TakeOff(text, store.lines[line].m_text) && TakeOff(text, lineFeed);
+    for (std::int32_t line = first; same && line < first + m_lineCount; ++line)
+        same = TakeOff(text, lines[line].m_text) && TakeOff(text, lineFeed);
     return same && TakeOff(text, m_tail) && text.empty();
 }
 
 // An empty line takes over the next one, and so does a line that a deletion begins at the end of. Where a join would
 // stop at the limit, or take a break more than the whole lines have, the lines do not go one by one.
-bool xTHeldText::GoesLineByLine(const xTMemStorage& store, const xTPos& from, const xTPos& to) const
+bool xTHeldText::GoesLineByLine(const xTMemStorage& store, const xTPos& from) const
 {
     const std::int32_t first = store.line_length(from.line);
-    const std::int32_t longest = std::max(m_longest, store.line_length(to.line));
+    const std::int32_t longest = std::max(m_longest, store.line_length(m_firstLine + m_lineCount));
     if (from.col == 0)
         return std::max(first, longest) <= xTMemStorage::joinLimit;
     if (m_head.IsEmpty())
@@ -104,14 +137,14 @@ bool xTHeldText::GoesLineByLine(const xTMemStorage& store, const xTPos& from, co
 bool xTHeldText::LookAtLines(const xTMemStorage& store)
 {
     const bool tabsStay = TabsStay(store);
-    if (!LookAt(m_head, tabsStay) || !LookAt(m_tail, tabsStay))
+    if (!LookAtLine(m_head, tabsStay) || !LookAtLine(m_tail, tabsStay))
         return false;
     std::int64_t length = 0;
     m_marksRight = !store.stale.Meets(m_firstLine, m_firstLine + m_lineCount - 1, store.line_count());
     for (std::int32_t index = m_firstLine; index < m_firstLine + m_lineCount; ++index) {
         const xTExtString& line = store.lines[index];
         const CString& text = line.m_text;
-        if (!LookAt(text, tabsStay))
+        if (!LookAtLine(text, tabsStay))
             return false;
         length += text.GetLength() + 1;
         m_longest = std::max(m_longest, text.GetLength());
@@ -123,7 +156,7 @@ bool xTHeldText::LookAtLines(const xTMemStorage& store)
     return length < longestText;
 }
 
-bool xTHeldText::LookAt(WStrView text, bool tabsStay)
+bool xTHeldText::LookAtLine(WStrView text, bool tabsStay)
 {
     if (!m_holdsMark && HoldsCommentUnit(text)) {
         m_holdsUnit = true;
@@ -131,12 +164,14 @@ bool xTHeldText::LookAt(WStrView text, bool tabsStay)
     }
     if (!AnyUnitUpTo(text, _T('\r')))
         return true;  // nearly every line
-    if (FindUnit(text, _T('\t'), 0) < text.size()) {
+    const std::size_t indent = std::min(text.find_first_not_of(_T('\t')), text.size());
+    const WStrView rest = text.substr(indent);
+    if (indent > 0 || FindUnit(rest, _T('\t'), 0) < rest.size()) {
         m_holdsTab = true;
         if (!tabsStay)
             return false;  // what is read of it has spaces there
     }
-    return !IsParted(text);
+    return !AnyUnitUpTo(rest, _T('\r')) || !IsParted(rest);
 }
 
 bool xTHeldText::FitsAt(const xTMemStorage& store, const xTPos& pos) const
@@ -148,16 +183,18 @@ bool xTHeldText::FitsAt(const xTMemStorage& store, const xTPos& pos) const
     return FitsInLine(present, m_head.GetLength()) && FitsInLine(behind, std::max(m_longest, m_tail.GetLength()));
 }
 
-void xTHeldText::PutBack(xTMemStorage& store)
+bool xTHeldText::PutBack(xTMemStorage& store)
 {
-    std::int32_t count = 0;  // not asked for: nothing that fits is folded or expanded, so the count of the text stays
-    InsertAtCaret(store, xTExtString(m_head), count);
+    std::int32_t growth = 0;  // stays: nothing that fits is folded or expanded
+    if (InsertAtCaret(store, xTExtString(m_head), growth) < m_head.GetLength())
+        return false;
     BreakAtCaret(store);
     PutLines(store);
     if (m_tail.IsEmpty())
-        return;
-    InsertAtCaret(store, xTExtString(m_tail), count);
+        return true;
+    const bool isIn = InsertAtCaret(store, xTExtString(m_tail), growth) == m_tail.GetLength();
     store.wnd->InvalidateCaretLine();
+    return isIn;
 }
 
 // What inserting each line before the rest of the caret's line and splitting behind it gives.
@@ -166,7 +203,7 @@ void xTHeldText::PutLines(xTMemStorage& store)
     if (m_holdsUnit)
         store.comments_valid = false;
     const std::int32_t at = store.caret.line;
-    if (m_marksRight && m_holdsUnit)
+    if (BringsMarks())
         PutMarkedLines(store, at);
     else
         PutPlainLines(store, at);
@@ -176,13 +213,8 @@ void xTHeldText::PutLines(xTMemStorage& store)
 void xTHeldText::PutMarkedLines(xTMemStorage& store, std::int32_t at)
 {
     xTExtString* const lines = store.lines.InsertAt(at, m_lineCount);
-    for (std::int32_t i = 0; i < m_lineCount; ++i) {
-        xTExtString& held = m_lines[i];
-        lines[i].m_text = held.m_text.Share();
-        lines[i].m_attrs = held.m_attrs;
-        lines[i].m_flags = held.m_flags & xTExtString::commentFlags;
-        lines[i].m_beganInside = held.m_beganInside;
-    }
+    for (std::int32_t i = 0; i < m_lineCount; ++i)
+        ShareLine(lines[i], m_lines[i], true);
     store.stale.Insert(at, m_lineCount, store.line_count());
     store.set_caret_raw({at + m_lineCount, 0});
 }

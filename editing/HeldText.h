@@ -19,12 +19,16 @@ public:
     /// Looks at a range, both ends inclusive, that is about to be deleted. It is held when the deletion, begun at
     /// `from`, takes its inner lines as a whole and one by one.
     /// @return null for a text that has to be kept as a string
-    [[nodiscard]] static std::unique_ptr<xTHeldText> Plan(const xTMemStorage& store, const xTPos& from, xTPos to);
+    [[nodiscard]] static std::shared_ptr<xTHeldText> Plan(const xTMemStorage& store, const xTPos& from, const xTPos& to);
 
     /// The same for the `count` characters from `from` on, a break being one, if they are `text`: inserted there, it
     /// can be held as lines from then on.
-    [[nodiscard]] static std::unique_ptr<xTHeldText> Plan(const xTMemStorage& store, const xTPos& from,
+    [[nodiscard]] static std::shared_ptr<xTHeldText> Plan(const xTMemStorage& store, const xTPos& from,
                                                           std::int32_t count, const CString& text);
+
+    /// Holds a range that stays where it is, both ends inclusive, with lines that share their characters with it.
+    /// @return null for a text that has to be kept as a string
+    [[nodiscard]] static std::shared_ptr<xTHeldText> Share(xTMemStorage& store, const xTPos& from, const xTPos& to);
 
     /// The first of the whole lines in the store, and how many they are.
     [[nodiscard]] std::int32_t FirstLine() const noexcept { return m_firstLine; }
@@ -50,16 +54,20 @@ public:
     /// Does it go in at a place as it is, no piece of it being folded or expanded?
     [[nodiscard]] bool FitsAt(const xTMemStorage& store, const xTPos& pos) const;
     /// Puts it in at the caret, which must be a place that it fits at and ends behind it.
-    void PutBack(xTMemStorage& store);
+    /// @return false when there was no memory for all of it, of which the user has been told
+    [[nodiscard]] bool PutBack(xTMemStorage& store);
 
     [[nodiscard]] CString Spelt() const;
+    [[nodiscard]] bool Spells(WStrView text) const { return IsTaken() && Spells(text, m_lines, 0); }
 
 private:
     xTHeldText() = default;
+    [[nodiscard]] static std::shared_ptr<xTHeldText> LookAt(const xTMemStorage& store, const xTPos& from, const xTPos& to);
     [[nodiscard]] bool LookAtLines(const xTMemStorage& store);
-    [[nodiscard]] bool GoesLineByLine(const xTMemStorage& store, const xTPos& from, const xTPos& to) const;
-    [[nodiscard]] bool LookAt(WStrView text, bool tabsStay);
-    [[nodiscard]] bool WillSpell(WStrView text, const xTMemStorage& store) const;
+    [[nodiscard]] bool GoesLineByLine(const xTMemStorage& store, const xTPos& from) const;
+    [[nodiscard]] bool BringsMarks() const noexcept { return m_marksRight && m_holdsUnit; }
+    [[nodiscard]] bool LookAtLine(WStrView text, bool tabsStay);
+    [[nodiscard]] bool Spells(WStrView text, const CArray<xTExtString>& lines, std::int32_t first) const;
     void PutLines(xTMemStorage& store);
     void PutMarkedLines(xTMemStorage& store, std::int32_t at);
     void PutPlainLines(xTMemStorage& store, std::int32_t at);

@@ -31,13 +31,22 @@ void xTMemStorage::insert_at_caret(std::int32_t& count, CString& text, bool rejo
     });
 }
 
-bool xTMemStorage::put_back(const xTPos& pos, xTHeldText& text)
+bool xTMemStorage::put_back(const xTPos& pos, std::int32_t& count, xTHeldText& text)
 {
     return Guarded(true, [&] {
         if (!wnd || !wnd->Handle() || !text.FitsAt(*this, pos))
             return false;
+        const std::int32_t present = line_count();
+        xTExtString line = lines[pos.line];
         set_caret_raw(pos);
-        text.PutBack(*this);
+        const bool isIn = Guarded(false, [&] { return text.PutBack(*this); });
+        if (!isIn) {  // a part of it could not be told from what stood there, so none stays
+            lines.RemoveAt(pos.line + 1, line_count() - present);
+            lines[pos.line] = std::move(line);
+            note_change(pos.line, pos.line);
+            set_caret_raw(pos);
+            count = 0;
+        }
         rescan_comments();
         return true;
     });
@@ -146,7 +155,7 @@ void xTMemStorage::shift_selection(const xTPos& start, std::int32_t lineDelta, s
 }
 
 void xTMemStorage::delete_at_caret(CString& text, xTPos& pos, std::int32_t& count, bool& split,
-                                   std::unique_ptr<xTHeldText>* held)
+                                   std::shared_ptr<xTHeldText>* held)
 {
     Guarded([&] {
         if (has_selection())
@@ -157,19 +166,17 @@ void xTMemStorage::delete_at_caret(CString& text, xTPos& pos, std::int32_t& coun
 }
 
 void xTMemStorage::delete_selection(CString& text, xTPos& pos, std::int32_t& count, bool& split,
-                                    std::unique_ptr<xTHeldText>* held)
+                                    std::shared_ptr<xTHeldText>* held)
 {
     pos = first();
-    std::unique_ptr<xTHeldText> lines = held ? xTHeldText::Plan(*this, first(), last()) : nullptr;
+    std::shared_ptr<xTHeldText> lines = held ? xTHeldText::Plan(*this, first(), last()) : nullptr;
     CString gone;
     const std::int32_t length = lines ? lines->Length() : selected_text(gone);
     set_caret_raw(first());
-    if (!lines) {
-        text = std::move(gone);
-        text.AppendChar(0);
-    }
+    text = std::move(gone);
+    text.AppendChar(0);
     count = delete_text(pos, length, &split, lines.get()) ? length : 0;
-    if (lines)
+    if (lines && lines->IsTaken())
         *held = std::move(lines);
     selection.first = selection.last = xTPos::none;
     if (wnd)

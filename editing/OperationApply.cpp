@@ -1,4 +1,3 @@
-#include "editing/HeldText.h"
 #include "editing/SearchMessages.h"
 #include "editing/SearchRounds.h"
 #include "editing/TextFinder.h"
@@ -28,7 +27,7 @@ void xTOperation::apply_overwrite()
 {
     const WCHAR ch = store->char_at(pos);
     if (ch == _T('\n') || ch == _T('\r')) {  // at the end of a line overwriting becomes inserting
-        store->insert_text(pos, count, text, false);
+        text.Insert(*store, pos, count);
         kind = insert;
         return;
     }
@@ -36,15 +35,14 @@ void xTOperation::apply_overwrite()
     CString replaced(ch, 1);
     count = counted;
     store->set_caret(pos);
-    store->overwrite_at_caret(text.IsEmpty() ? WCHAR{0} : text[0]);
+    store->overwrite_at_caret(text.FirstCharacter());
     text = std::move(replaced);
 }
 
-// Done again, it finds the lines held already. What took nothing away leaves no step: undoing it would put the text
-// there a second time.
+// What took nothing away leaves no step: undoing it would put the text there a second time.
 void xTOperation::apply_delete_range()
 {
-    if (!store->delete_text(pos, count, nullptr, held && !held->IsTaken() ? held.get() : nullptr))
+    if (!text.Delete(*store, pos, count))
         count = 0;
 }
 
@@ -53,7 +51,7 @@ void xTOperation::apply_backspace()
     if (!store->delete_text(pos, count, &split))
         count = 0;
     store->set_caret(pos);
-    if (!text.IsEmpty() && text[0] == _T('\n'))
+    if (text.FirstCharacter() == _T('\n'))
         invalidate();
 }
 
@@ -61,8 +59,8 @@ void xTOperation::apply_enter()
 {
     count = 0;  // no step when the indent cannot be had
     auto_indent();
-    count = text.GetLength();
-    store->insert_text(pos, count, text, false);
+    count = text.String().GetLength();
+    text.Insert(*store, pos, count);
 }
 
 void xTOperation::auto_indent()
@@ -76,7 +74,7 @@ void xTOperation::auto_indent()
     const WStrView tail = line.m_text.view().substr(column);
     // The blanks ahead of the break stay on the old line, and undo puts the caret behind them: required.
     pos.col += static_cast<std::int32_t>(LeadingBlanks(tail));
-    text.Append(head.substr(0, LeadingBlanks(head)));
+    text.String().Append(head.substr(0, LeadingBlanks(head)));
 }
 
 // The earlier of the two places in the text is touched last, so that no position needs adjusting by hand.
@@ -84,13 +82,13 @@ void xTOperation::apply_block()
 {
     after_source = pos >= from;
     if (after_source) {
-        store->insert_text(pos, count, text, false);
+        text.Insert(*store, pos, count);
         store->select_range(pos, store->caret);
     }
     if (move && from != xTPos::none && to != xTPos::none)
-        move = store->delete_text(from, count2);
+        move = text2.Delete(*store, from, count2);
     if (!after_source) {
-        store->insert_text(pos, count, text, false);
+        text.Insert(*store, pos, count);
         store->select_range(pos, store->caret);
     }
     ensure_caret_visible();
@@ -168,7 +166,7 @@ void xTOperation::apply_to_selection()
     from = store->first();
     to = store->last();
     pos = from;
-    count = store->selected_text(text);
+    text.Read(*store, from, store->selection.last, count);
     transform_selection();
     invalidate();
 }
@@ -189,9 +187,9 @@ void xTOperation::apply_to_lines()
     xTPos end{store->last().line + 1, 0};
     // The end is clipped to the text as it is now and stays there: when the last line of the text grows, the text behind
     // the change is recorded only so far. Required.
-    count = store->get_text(pos, end, text);
+    text.Read(*store, pos, end, count);
     transform_lines();
-    if (!store->take_text(pos, end, text2, count2))
+    if (!text2.Read(*store, pos, end, count2))
         count = 0;  // neither undo nor redo could work without the new text
 }
 
@@ -205,18 +203,9 @@ void xTOperation::transform_lines()
     }
 }
 
-void xTOperation::insert_text()
-{
-    if (held && !split && store->put_back(pos, *held))
-        return;
-    text = Text();
-    held.reset();
-    store->insert_text(pos, count, text, split);
-}
-
 void xTOperation::insert_and_show()
 {
-    insert_text();
+    text.Insert(*store, pos, count);
     ensure_caret_visible();
     invalidate();
 }

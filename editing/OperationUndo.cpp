@@ -1,5 +1,4 @@
 #include "diagnostics/Guarded.h"
-#include "editing/HeldText.h"
 #include "editing/operations.h"
 #include "store/MemStor.h"
 
@@ -39,8 +38,8 @@ void xTOperation::undo_kind()
     switch (kind) {
     case overwrite: undo_overwrite(); break;
     case insert: store->delete_text(pos, count); break;
-    case backspace: store->insert_text(pos, count, text, split); break;
-    case erase: insert_text(); break;
+    case backspace:
+    case erase: text.Insert(*store, pos, count, split); break;
     case enter: undo_enter(); break;
     case delete_range: insert_and_show(); break;
     case paste: undo_paste(); break;
@@ -52,11 +51,14 @@ void xTOperation::undo_kind()
         break;
     case replace_all: swap_matches(true); break;
     case change_case:
-    case switch_layout: swap_text(from, count, count, text); break;
+    case switch_layout: 
+        store->delete_text(from, count);
+        text.Insert(*store, from, count);
+        break;
     case unindent:
     case indent:
     case comment:
-    case uncomment: clear_selection(); swap_text(pos, count2, count, text); break;
+    case uncomment: swap_texts(text2, count2, text, count); break;
     default: break;
     }
     invalidate();
@@ -65,8 +67,8 @@ void xTOperation::undo_kind()
 void xTOperation::redo_kind()
 {
     switch (kind) {
-    case enter: store->insert_text(pos, count, text, false); break;  // with the indent that was found the first time
-    case erase: store->delete_text(pos, count, &split); break;
+    case enter: text.Insert(*store, pos, count); break;  // with the indent that was found the first time
+    case erase: text.Delete(*store, pos, count, &split); break;
     case replace:
         if (pos != xTPos::none)
             swap_match(find_text, replace_text);
@@ -80,7 +82,7 @@ void xTOperation::redo_kind()
     case unindent:
     case indent:
     case comment:
-    case uncomment: clear_selection(); swap_text(pos, count, count2, text2); break;
+    case uncomment: swap_texts(text, count, text2, count2); break;
     default: apply(); break;
     }
 }
@@ -88,23 +90,17 @@ void xTOperation::redo_kind()
 void xTOperation::undo_overwrite()
 {
     const WCHAR old = store->char_at(pos);
-    store->overwrite_char(pos, text.IsEmpty() ? WCHAR{0} : text[0]);
+    store->overwrite_char(pos, text.FirstCharacter());
     // Behind the character that it starts with: a redo takes that first one, so it writes back what is there already
     // and only moves the caret. The typed character does not return. Required.
-    text.AppendChar(old);
+    text.String().AppendChar(old);
     if (window)
         window->InvalidateCaretLine();
 }
 
-// What was pasted goes as lines if it stands there as it came: the string is not needed any more then.
 void xTOperation::undo_paste()
 {
-    std::unique_ptr<xTHeldText> lines = held ? nullptr : xTHeldText::Plan(*store, pos, count, text);
-    store->delete_text(pos, count, nullptr, lines.get());
-    if (lines && lines->IsTaken()) {  // not where there was no memory for the deletion
-        held = std::move(lines);
-        text.Empty();
-    }
+    text.Delete(*store, pos, count);
     clear_selection();
 }
 
@@ -118,22 +114,25 @@ void xTOperation::undo_enter()
 void xTOperation::undo_block()
 {
     if (!after_source)
-        store->delete_text(pos, count);
+        text.Delete(*store, pos, count);
     if (move) {
-        store->insert_text(from, count2, text2, false);
+        text2.Insert(*store, from, count2);
         store->select_range(from, {to.line, to.col + 1});
         ensure_caret_visible();
         invalidate();
     }
     if (after_source)
-        store->delete_text(pos, count);
+        text.Delete(*store, pos, count);
     ensure_caret_visible();
 }
 
-void xTOperation::swap_text(const xTPos& at, std::int32_t removed, std::int32_t& added, CString& by)
+void xTOperation::swap_texts(xTStepText& present, std::int32_t& removed, xTStepText& wanted, std::int32_t& added)
 {
-    store->delete_text(at, removed);
-    store->insert_text(at, added, by, false);
+    clear_selection();
+    if (present.Delete(*store, pos, removed))
+        wanted.Insert(*store, pos, added);
+    else
+        added = 0;  // nothing has come in that the next time has to take out
 }
 
 void xTOperation::swap_match(const CString& present, const CString& wanted)

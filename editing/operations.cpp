@@ -2,7 +2,6 @@
 
 #include "diagnostics/Guarded.h"
 #include "editing/ClipboardText.h"
-#include "editing/HeldText.h"
 #include "editing/SearchRequest.h"
 #include "framework/base/Platform.h"
 #include "store/MemStor.h"
@@ -90,8 +89,8 @@ xTOperation::xTOperation(const xTKey& pressed, xTStoreWindow* window, xTMemStora
 void xTOperation::read_clipboard_text()
 {
     open_clipboard(window ? window->Handle() : nullptr);
-    if (read_clipboard(text)) {
-        count = text.GetLength();
+    if (CString& read = text.String(); read_clipboard(read)) {
+        count = read.GetLength();
         kind = paste;
     }
     PlatformCloseClipboard();  // on this path only: a fault in between leaves the clipboard open, as required
@@ -109,7 +108,8 @@ xTOperation::xTOperation(const xTBlock& block, xTStoreWindow* window, xTMemStora
         count = block.text.GetLength();
         text = block.text;
         pos = store->caret;
-        count2 = store->get_text(from, to, text2);
+        text2.Read(*store, from, to, count2);
+        text.ShareWith(text2);  // a block dragged to another place of the same text
     });
 }
 
@@ -120,8 +120,7 @@ xTOperation::xTOperation(const xTRange& range, xTStoreWindow* window, xTMemStora
         if (!store)
             return;
         xTPos last = range.last;
-        held = xTHeldText::Plan(*store, range.first, last);
-        count = held ? held->Length() : store->get_text(range.first, last, text);
+        text.Read(*store, range.first, last, count);
         pos = range.first;
     });
 }
@@ -163,21 +162,9 @@ xTOperation::xTOperation(const xTSearchRequest& request, xTStoreWindow* window, 
 }
 
 xTOperation::xTOperation(const xTOperation& other)
-    : pos(other.pos), count(other.count), text(other.Text()), kind(other.kind), window(other.window), store(other.store),
+    : pos(other.pos), count(other.count), text(other.text), kind(other.kind), window(other.window), store(other.store),
       split(other.split)
 {}
-
-xTOperation::~xTOperation() = default;
-
-CString xTOperation::Text() const
-{
-    if (!held)
-        return text;
-    CString spelt = held->Spelt();
-    if (kind == erase)
-        spelt.AppendChar(0);
-    return spelt;
-}
 
 bool xTOperation::apply()
 {
@@ -191,10 +178,10 @@ bool xTOperation::apply_kind()
         return false;
     switch (kind) {
     case overwrite: apply_overwrite(); return true;
-    case insert: store->insert_text(pos, count, text, false); return true;
+    case insert: text.Insert(*store, pos, count); return true;
     case backspace: apply_backspace(); return true;
     case enter: apply_enter(); return true;
-    case erase: store->delete_at_caret(text, pos, count, split, &held); return true;
+    case erase: text.DeleteAtCaret(*store, pos, count, split); return true;
     case delete_range: apply_delete_range(); return true;
     case paste: insert_and_show(); return true;
     case insert_block: apply_block(); return true;

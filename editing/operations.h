@@ -1,13 +1,12 @@
 #pragma once
 
+#include "editing/StepText.h"
 #include "framework/base/CString.h"
 #include "store/Positions.h"
 
 #include <cstdint>
-#include <memory>
 #include <vector>
 
-class xTHeldText;
 class xTMemStorage;
 class xTStoreWindow;
 struct xTSearchRequest;
@@ -68,7 +67,6 @@ public:
     /// of a stack is told to hold.
     xTOperation(const xTOperation& other);
     xTOperation& operator=(const xTOperation&) = delete;
-    ~xTOperation();
 
     /// @return true when the edit happened and may be kept, and also after a failure
     bool apply();
@@ -78,8 +76,8 @@ public:
     xTPos pos;               ///< where the edit acts; the view is sent there before undo and redo
     std::int32_t count = 0;  ///< characters of `text` that the edit handles; 0 keeps it off the stack
     std::int32_t count2 = 0;
-    CString text;            ///< added or removed, unset while `held` is set; for block kinds the lines before the change
-    CString text2;           ///< taken away by a move; for block kinds the lines after the change
+    xTStepText text;         ///< added or removed; for block kinds the lines before the change
+    xTStepText text2;        ///< taken away by a move; for block kinds the lines after the change
     std::int32_t kind = none;
     CString find_text;
     CString replace_text;
@@ -96,11 +94,6 @@ public:
     /// keystroke two blocks.
     std::vector<xTReplaceRecord> replacements;
     bool split = false;         ///< the deletion stopped at the join limit; undo hands it back as `rejoin`
-    /// erase, delete_range, paste undone: what went, as the lines that it was; null for a string
-    std::unique_ptr<xTHeldText> held;
-
-    /// What `text` is, or would be if it were not held as lines.
-    [[nodiscard]] CString Text() const;
 
 private:
     xTOperation(std::int32_t kind, xTStoreWindow* window, xTMemStorage* store) noexcept;
@@ -129,9 +122,8 @@ private:
     void undo_enter();
     void undo_block();
     void redo_kind();
-    void insert_text();
     void insert_and_show();
-    void swap_text(const xTPos& at, std::int32_t removed, std::int32_t& added, CString& by);
+    void swap_texts(xTStepText& present, std::int32_t& removed, xTStepText& wanted, std::int32_t& added);
     void swap_match(const CString& present, const CString& wanted);
     void swap_matches(bool back);
 

@@ -126,12 +126,13 @@ public:
     bool delete_text(const xTPos& pos, std::int32_t count, bool* split = nullptr, xTHeldText* held = nullptr);
     /// The Delete key: the selection, or the character at `pos`, which is the caret.
     /// @param text, count  get what went, `text` with a zero behind it; untouched where nothing goes
-    /// @param held  may be null; gets the text, less the zero, in the place of `text` where it can be held
+    /// @param held  may be null; gets the text where it can be held, so that `text` is the zero alone
     void delete_at_caret(CString& text, xTPos& pos, std::int32_t& count, bool& split,
-                         std::unique_ptr<xTHeldText>* held = nullptr);
+                         std::shared_ptr<xTHeldText>* held = nullptr);
     /// Inserts a held text as insert_text would what it spells.
-    /// @return false, with nothing done, when that has to do it
-    bool put_back(const xTPos& pos, xTHeldText& text);
+    /// @param count out: 0 when there was no memory for it; none of it has come in then
+    /// @return false, with nothing done, when insert_text has to do it
+    bool put_back(const xTPos& pos, std::int32_t& count, xTHeldText& text);
     void overwrite_char(const xTPos& pos, WCHAR ch);  ///< nothing on the last line of the text
     void overwrite_at_caret(WCHAR ch);
     /// Replaces the characters at `pos`, as many as `old` has, within the line and without any limit.
@@ -229,7 +230,7 @@ private:
     void join_next_line();
     void shift_selection(const xTPos& start, std::int32_t lineDelta, std::int32_t shift);
     void delete_selection(CString& text, xTPos& pos, std::int32_t& count, bool& split,
-                          std::unique_ptr<xTHeldText>* held);
+                          std::shared_ptr<xTHeldText>* held);
     void delete_one(CString& text, const xTPos& pos, std::int32_t& count, bool& split);
     void replace_selected(xTPos& pos, CString& find, const CString& replacement, bool match_case, xTPos& replaced,
                           xTPos& behind);

@@ -245,7 +245,7 @@ TEST_F(Deletion, TheDeleteKeyTakesTheSelection)
     given("o[ne\nt]|wo");
     press(keyDelete);
     EXPECT_EQ(marked(), "o|wo");
-    EXPECT_EQ(stack.undoList.front().text, CString(WStrView(_T("ne\nt\0"), 5)));
+    EXPECT_EQ(stack.undoList.front().text.Spelt(), CString(WStrView(_T("ne\nt\0"), 5)));
     EXPECT_EQ(stack.undoList.front().count, 4);
 }
 

@@ -198,6 +198,27 @@ TEST_F(Failures, ReplaceAllEndsAtAMatchThatThereIsNoMemoryFor)
     }
 }
 
+// What memory was too short for the first time comes back the next time: the step still has all of it.
+TEST_F(Failures, LinesThatCouldNotBePutBackComeBackTheNextTime)
+{
+    const std::function<void()> edits[] = {[&] { press(keyDelete); }, [&] { stack.add_delete({0, 1}, {4, 0}); }};
+    constexpr const char* text = "a[1\nb2\n/* c3\nd4\ne5]|6";
+    for (const auto& edit : edits) {
+        for (int n = 0; n < 40; ++n) {
+            stack.clear_undo();
+            given(text);
+            edit();
+            {
+                const xTFailingNew failing(n, xTFailingNew::xTHowLong::fromThenOn);
+                stack.undo();
+            }
+            stack.redo();
+            stack.undo();
+            EXPECT_EQ(lengths(), "2 2 5 2 3") << "edit " << &edit - edits << ", with memory out from " << n << " on";
+        }
+    }
+}
+
 TEST_F(Failures, AFailedEditIsKeptAsAStep)
 {
     given("[ab]|");

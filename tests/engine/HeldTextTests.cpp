@@ -10,7 +10,7 @@ namespace {
 
 class HeldText : public xTEditingFixture {
 protected:
-    [[nodiscard]] bool isHeld() const { return stack.undoList.front().held != nullptr; }
+    [[nodiscard]] bool isHeld() const { return stack.undoList.front().text.IsHeld(); }
     void erase(const xTPos& from, const xTPos& behind)
     {
         store.select_range(from, behind);
@@ -46,12 +46,12 @@ TEST_F(HeldText, SpellsWhatTheStepRecords)
     given("ab\ncd\n\nef|");
     erase({0, 1}, {3, 1});
     ASSERT_TRUE(isHeld());
-    EXPECT_EQ(stack.undoList.front().Text(), CString(WStrView(_T("b\ncd\n\ne\0"), 8)));
+    EXPECT_EQ(stack.undoList.front().text.Spelt(), CString(WStrView(_T("b\ncd\n\ne\0"), 8)));
     EXPECT_EQ(stack.undoList.front().count, 7);
     stack.undo();
     stack.add_delete({0, 1}, {3, 0});
     ASSERT_TRUE(isHeld());
-    EXPECT_EQ(stack.undoList.front().Text(), CString(_T("b\ncd\n\ne")));
+    EXPECT_EQ(stack.undoList.front().text.Spelt(), CString(_T("b\ncd\n\ne")));
 }
 
 TEST_F(HeldText, OfADeletedRangeComesBackToo)
@@ -86,7 +86,7 @@ TEST_F(HeldText, LinesThatWouldBeFoldedComeBackFolded)
     erase({0, 0}, {2, 1});
     ASSERT_TRUE(isHeld());
     stack.undo();
-    EXPECT_FALSE(stack.redoList.front().held);
+    EXPECT_FALSE(stack.redoList.front().text.IsHeld());
     EXPECT_EQ(lengths(), "1 462 1 1");
     EXPECT_EQ(stack.redoList.front().count, 468);
 }
@@ -106,7 +106,7 @@ TEST_F(HeldText, ThatEndsFarBehindItsLastLineEndsWithThat)
     given("ab\ncd\nef\ngh|");
     stack.add_delete({0, 1}, {2, std::numeric_limits<std::int32_t>::max()});
     ASSERT_TRUE(isHeld());
-    EXPECT_EQ(stack.undoList.front().Text(), S("b\ncd\nef"));
+    EXPECT_EQ(stack.undoList.front().text.Spelt(), S("b\ncd\nef"));
     stack.undo();
     EXPECT_EQ(marked(), "ab\\ncd\\nef|\\ngh");
 }
@@ -180,8 +180,8 @@ TEST_F(HeldText, APasteThatIsUndoneGoesAndComesBackAsLines)
     const CString pasted = store.lines[1].m_text;
     stack.undo();
     EXPECT_EQ(marked(), "a|b");
-    ASSERT_TRUE(stack.redoList.front().held);
-    EXPECT_EQ(stack.redoList.front().Text(), S("1\nof its own\n\n2"));
+    ASSERT_TRUE(stack.redoList.front().text.IsHeld());
+    EXPECT_EQ(stack.redoList.front().text.Spelt(), S("1\nof its own\n\n2"));
     stack.redo();
     EXPECT_EQ(marked(), "a1\\nof its own\\n\\n2|b");
     EXPECT_TRUE(store.lines[1].m_text.SharesBufferWith(pasted));
@@ -196,24 +196,104 @@ TEST_F(HeldText, APasteThatStandsThereNoMoreAsItCameStaysAString)
     press(keyPaste);
     put(1, S("X"));
     stack.undo();
-    EXPECT_FALSE(stack.redoList.front().held);
-    EXPECT_EQ(stack.redoList.front().text, S("1\n2\n3"));
+    EXPECT_FALSE(stack.redoList.front().text.IsHeld());
+    EXPECT_EQ(stack.redoList.front().text.Spelt(), S("1\n2\n3"));
     tabs.m_keepTabs = false;
     copy("1\n\t\n3");
     press(keyPaste);
     stack.undo();
-    EXPECT_FALSE(stack.redoList.front().held);
-    EXPECT_EQ(stack.redoList.front().text, S("1\n\t\n3"));
+    EXPECT_FALSE(stack.redoList.front().text.IsHeld());
+    EXPECT_EQ(stack.redoList.front().text.Spelt(), S("1\n\t\n3"));
 }
 
-TEST_F(HeldText, IsSpeltInTheCopyOfAStack)
+TEST_F(HeldText, AnInsertedTextThatIsUndoneGoesAndComesBackAsLines)
+{
+    given("a|b");
+    stack.add_block(S("1\nof its own\n\n2"), xTPos::none, xTPos::none, false);
+    const CString inserted = store.lines[1].m_text;
+    EXPECT_FALSE(isHeld());
+    stack.undo();
+    EXPECT_EQ(line(0), "ab");
+    ASSERT_TRUE(stack.redoList.front().text.IsHeld());
+    stack.redo();
+    EXPECT_EQ(marked(), "a[1\\nof its own\\n\\n2]|b");
+    EXPECT_TRUE(store.lines[1].m_text.SharesBufferWith(inserted));
+}
+
+TEST_F(HeldText, ABlockThatIsDraggedGoesAndComesAsLines)
+{
+    for (const xTPos& place : {xTPos(0, 1), xTPos(4, 2)}) {
+        given("ab\ncd\nxx\nef\ngh|");
+        const CString unique = S("of its own");
+        put(2, unique);
+        store.set_caret(place);
+        stack.add_block(S("d\nof its own\ne"), {1, 1}, {3, 0}, true);
+        const char* const moved = place.line == 0 ? "a[d\\nof its own\\ne]|b\\ncf\\ngh" : "ab\\ncf\\ngh[d\\nof its own\\ne]|";
+        const std::int32_t at = place.line == 0 ? 1 : 3;
+        EXPECT_EQ(marked(), moved);
+        EXPECT_TRUE(store.lines[at].m_text.SharesBufferWith(unique));
+        stack.undo();
+        EXPECT_EQ(marked(), "ab\\nc[d\\nof its own\\ne]|f\\ngh");
+        EXPECT_TRUE(store.lines[2].m_text.SharesBufferWith(unique));
+        stack.redo();
+        EXPECT_EQ(marked(), moved);
+        EXPECT_TRUE(store.lines[at].m_text.SharesBufferWith(unique));
+        EXPECT_EQ(stack.undoList.front().text2.Spelt(), S("d\nof its own\ne"));
+    }
+}
+
+// A move from outside takes the range of an old drag away, wherever the text comes in: required.
+TEST_F(HeldText, ABlockDroppedIntoTheRangeThatItTakesAwayShiftsIt)
+{
+    given("ab\nc|d\nef\ngh");
+    stack.add_block(S("1\n2\n3"), {0, 1}, {3, 0}, true);
+    EXPECT_EQ(line(0), "a") << "as many characters as the range had, counted from its start";
+    EXPECT_EQ(line(1), "ef");
+    EXPECT_EQ(stack.undoList.front().text2.Spelt(), S("b\ncd\nef\ng"));
+}
+
+TEST_F(HeldText, LinesBeforeAndBehindAnIndentAreKeptAsLines)
+{
+    given("ab\n[xx\ncd\nef]|\ngh");
+    const CString unique = S("of its own");
+    put(2, unique);
+    stack.add_indent(false);
+    const CString indented = store.lines[2].m_text;
+    EXPECT_TRUE(isHeld());
+    EXPECT_TRUE(stack.undoList.front().text2.IsHeld());
+    stack.undo();
+    EXPECT_EQ(marked(), "ab\\nxx\\nof its own\\nef\\ng|h");
+    EXPECT_TRUE(store.lines[2].m_text.SharesBufferWith(unique));
+    stack.redo();
+    EXPECT_EQ(marked(), "ab\\n\\x0009xx\\n\\x0009of its own\\n\\x0009ef\\ng|h");
+    EXPECT_TRUE(store.lines[2].m_text.SharesBufferWith(indented));
+    stack.undo();
+    EXPECT_EQ(marked(), "ab\\nxx\\nof its own\\nef\\ng|h");
+}
+
+TEST_F(HeldText, TheLinesBeforeAChangeOfCaseComeBackAsTheyWere)
+{
+    given("ab\nx[x\ncd\nef]|\ngh");
+    const CString unique = S("of its own");
+    put(2, unique);
+    stack.add_case(true);
+    EXPECT_EQ(line(2), "OF ITS OWN");
+    EXPECT_TRUE(isHeld());
+    stack.undo();
+    EXPECT_EQ(line(2), "of its own");
+    EXPECT_TRUE(store.lines[2].m_text.SharesBufferWith(unique));
+}
+
+TEST_F(HeldText, IsSharedByTheCopyOfAStack)
 {
     given("a\nb\nc|");
     erase({0, 0}, {2, 1});
     ASSERT_TRUE(isHeld());
     const xTOperStack copy(stack);
-    EXPECT_FALSE(copy.undoList.front().held);
-    EXPECT_EQ(copy.undoList.front().text, CString(WStrView(_T("a\nb\nc\0"), 6)));
+    stack.undo();
+    stack.redo();
+    EXPECT_TRUE(copy.undoList.front().text.IsHeld());
+    EXPECT_EQ(copy.undoList.front().text.Spelt(), CString(WStrView(_T("a\nb\nc\0"), 6)));
 }
 
 TEST_F(HeldText, ComesNotBackWithoutAWindowThatHasAHandle)

@@ -40,7 +40,7 @@ TEST_F(Operations, ATypedCharacterIsOneStep)
     EXPECT_EQ(marked(), "axy|b");
     ASSERT_EQ(stack.undoList.size(), 2u);
     EXPECT_EQ(newest().kind, xTOperation::insert);
-    EXPECT_EQ(newest().text, CString(WStrView(_T("y\0"), 2)));
+    EXPECT_EQ(newest().text.Spelt(), CString(WStrView(_T("y\0"), 2)));
     undo();
     EXPECT_EQ(marked(), "ax|b");
     undo();
@@ -113,10 +113,10 @@ TEST_F(Operations, UndoOfAnOverwriteBringsTheCharacterBack)
     given("a|bc\nx");
     overwriting = true;
     type("z");
-    EXPECT_EQ(newest().text, CString(_T("b")));
+    EXPECT_EQ(newest().text.Spelt(), CString(_T("b")));
     undo();
     EXPECT_EQ(marked(), "a|bc\\nx");
-    EXPECT_EQ(stack.redoList.front().text, CString(_T("bz")));
+    EXPECT_EQ(stack.redoList.front().text.Spelt(), CString(_T("bz")));
 }
 
 TEST_F(Operations, RedoOfAnOverwriteWritesTheOldCharacterAndStepsOn)
@@ -127,7 +127,7 @@ TEST_F(Operations, RedoOfAnOverwriteWritesTheOldCharacterAndStepsOn)
     undo();
     redo();
     EXPECT_EQ(marked(), "ab|c\\nx") << "the typed character does not return";
-    EXPECT_EQ(newest().text, CString(_T("b")));
+    EXPECT_EQ(newest().text.Spelt(), CString(_T("b")));
     undo();
     EXPECT_EQ(marked(), "a|bc\\nx");
 }
@@ -157,7 +157,7 @@ TEST_F(Operations, BackspaceAtColumnZeroJoinsTheLines)
     given("ab\n|cd");
     press(keyBack);
     EXPECT_EQ(marked(), "ab|cd");
-    EXPECT_EQ(newest().text, CString(WStrView(_T("\n\0"), 2)));
+    EXPECT_EQ(newest().text.Spelt(), CString(WStrView(_T("\n\0"), 2)));
     undo();
     EXPECT_EQ(marked(), "ab\\n|cd");
 }
@@ -364,7 +364,7 @@ TEST_F(Operations, CaseOfTheSelection)
     stack.add_case(true);
     EXPECT_EQ(line(0), "aBC");
     EXPECT_EQ(line(1), "De");
-    EXPECT_EQ(newest().text, CString(_T("bc\nd")));
+    EXPECT_EQ(newest().text.Spelt(), CString(_T("bc\nd")));
     EXPECT_TRUE(store.has_selection());
     undo();
     EXPECT_EQ(line(0), "abc");
@@ -413,12 +413,12 @@ TEST_F(Operations, IndentOfTheLastLineRecordsTheNewTextOnlyAsFarAsTheOldOneWent)
 {
     given("[abc]|");
     stack.add_indent(false);
-    EXPECT_EQ(newest().text, CString(_T("abc")));
-    EXPECT_EQ(newest().text2, CString(_T("\tabc")));
+    EXPECT_EQ(newest().text.Spelt(), CString(_T("abc")));
+    EXPECT_EQ(newest().text2.Spelt(), CString(_T("\tabc")));
     given("[abc]|");
     tabs.m_keepTabs = false;
     stack.add_indent(false);
-    EXPECT_EQ(newest().text2, CString(_T("    ")));
+    EXPECT_EQ(newest().text2.Spelt(), CString(_T("    ")));
     undo();
     EXPECT_EQ(line(0), "abcabc");
 }
@@ -725,7 +725,7 @@ TEST_F(Stack, ACopyIsDeepAndHoldsWhatItIsToldTo)
     ASSERT_EQ(copy.undoList.size(), 1u);
     ASSERT_EQ(copy.redoList.size(), 1u);
     EXPECT_EQ(copy.undoList.front().kind, xTOperation::change_case);
-    EXPECT_EQ(copy.undoList.front().text, CString(_T("ab")));
+    EXPECT_EQ(copy.undoList.front().text.Spelt(), CString(_T("ab")));
     EXPECT_EQ(copy.undoList.front().count, 2);
     EXPECT_FALSE(copy.undoList.front().to_upper) << "not among what a copy holds";
     EXPECT_EQ(copy.store, &store);

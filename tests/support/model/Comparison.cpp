@@ -80,8 +80,8 @@ void CompareStore(xTFinder& finder, const xTNaiveStore& model, const xTMemStorag
 
 void CompareTexts(xTFinder& finder, const xTNaiveOperation& model, const xTOperation& engine)
 {
-    finder.Same("text", model.text, Plain(engine.Text()));
-    finder.Same("text2", model.text2, Plain(engine.text2));
+    finder.Same("text", model.text, Plain(engine.text.Spelt()));
+    finder.Same("text2", model.text2, Plain(engine.text2.Spelt()));
     finder.Same("find_text", model.findText, Plain(engine.find_text));
     finder.Same("replace_text", model.replaceText, Plain(engine.replace_text));
     finder.Same("number of replacements", static_cast<int>(model.replacements.size()),
