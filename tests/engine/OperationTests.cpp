@@ -341,6 +341,44 @@ TEST_F(Operations, ABlockMovedUpComesBackSelected)
     EXPECT_EQ(store.last(), xTPos(2, 2));
 }
 
+// What the step records is spelt with the tabs of that time and goes in with those of the undo: both are required, so
+// the undo is exact only while the settings stay, and while tabs that are to be spaces do not stand in the text.
+TEST_F(Operations, UndoOfAnIndentPutsItsLinesInWithTheTabsOfThatMoment)
+{
+    given("[\ta]|\nb");
+    stack.add_indent(false);
+    EXPECT_EQ(line(0), "\\x0009\\x0009a");
+    tabs.m_keepTabs = false;
+    undo();
+    EXPECT_EQ(line(0), "    a") << "the tab that stood there before has become spaces";
+    EXPECT_EQ(line(1), "b");
+}
+
+TEST_F(Operations, UndoOfAnIndentTakesAsManyCharactersAsItsTabsReadAs)
+{
+    given("[\ta]|\nbcdef");
+    tabs.m_keepTabs = false;
+    stack.add_indent(false);
+    EXPECT_EQ(line(0), "    \\x0009a");
+    EXPECT_EQ(newest().text2.Spelt(), CString(_T("        a\nb")));
+    undo();
+    EXPECT_EQ(line(0), "    a");
+    EXPECT_EQ(line(1), "bf") << "the tab was read as four spaces, and three more characters went for that";
+}
+
+TEST_F(Operations, UndoOfAnIndentIsExactWithAnotherTabSizeWhereTheTextHasNoTabs)
+{
+    given("[a]|\nb");
+    tabs.m_keepTabs = false;
+    stack.add_indent(false);
+    EXPECT_EQ(line(0), "    a");
+    tabs.m_tabSize = 8;
+    undo();
+    EXPECT_EQ(line(0), "a");
+    redo();
+    EXPECT_EQ(line(0), "    a");
+}
+
 TEST_F(Operations, ABlockMovedWithinItsLineIsCorrectedByTheDeletion)
 {
     given("abcdef|g");
