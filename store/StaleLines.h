@@ -23,6 +23,8 @@ public:
     {
         m_count = 0;
         m_latest = -1;
+        m_near = 0;
+        m_leastGap = unknownGap;
         m_lineCount = lineCount;
     }
 
@@ -44,11 +46,16 @@ public:
 
 private:
     static constexpr std::int32_t unknown = -1;
+    static constexpr std::int32_t unknownGap = 0;  // below any gap that there is
 
+    [[nodiscard]] bool NoteNear(std::int32_t first, std::int32_t last) noexcept;
     void JoinNearest() noexcept;
 
     std::array<xTLineRange, mostRanges + 1> m_ranges{};
     std::size_t m_count = 0;
+    std::size_t m_near = 0;  // the range told of last: the next place is mostly in it or behind it
+    // From the last line of a range to the first of the next it is no less, but for that behind the range told of last.
+    std::int32_t m_leastGap = unknownGap;
     std::int32_t m_latest = -1;
     std::int32_t m_lineCount = unknown;  // the lines of the text that the ranges are told of
 };

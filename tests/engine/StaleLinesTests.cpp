@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <numeric>
 #include <random>
 #include <string>
 #include <vector>
@@ -95,6 +96,63 @@ TEST(StaleLines, OfTooManyPlacesTheTwoNearestBecomeOne)
     EXPECT_EQ(stale.Ranges()[2].first, 200);
     EXPECT_EQ(stale.Ranges()[2].last, 207);
     EXPECT_EQ(stale.Ranges()[3].first, 300);
+}
+
+// Nearly every place of such a walk is told of in passing; what it comes to is what the rule above says.
+TEST(StaleLines, OfAWalkDownTheTextTheLargestGapsStay)
+{
+    constexpr std::int32_t places = 500;
+    constexpr std::int32_t lines = places * places;
+    std::mt19937 random(7);
+    std::vector<std::int32_t> gaps(places - 1);
+    std::iota(gaps.begin(), gaps.end(), 2);  // no two the same: which of them stay is no matter of chance
+    for (int round = 0; round < 20; ++round) {
+        std::shuffle(gaps.begin(), gaps.end(), random);
+        xTStaleLines stale = Clean(lines);
+        std::int32_t line = 10;
+        std::string expected = std::to_string(line) + "-";
+        stale.Note(line, line, lines);
+        for (const std::int32_t gap : gaps) {
+            if (gap > places - static_cast<std::int32_t>(xTStaleLines::mostRanges) + 1)
+                expected += std::to_string(line) + " " + std::to_string(line + gap) + "-";
+            line += gap;
+            stale.Note(line, line, lines);
+        }
+        ASSERT_EQ(Shown(stale), expected + std::to_string(line) + " ") << "round " << round;
+        const std::string before = Shown(stale);
+        for (std::int32_t again = 10; const std::int32_t gap : gaps) {  // as an undo does
+            stale.Note(again, again, lines);
+            again += gap;
+        }
+        ASSERT_EQ(Shown(stale), before) << "round " << round;
+        EXPECT_EQ(stale.Latest(), line - gaps.back());
+    }
+}
+
+TEST(StaleLines, APlaceBehindTheOneBeforeJoinsTheNextWhereThatIsNearer)
+{
+    constexpr auto ranges = static_cast<std::int32_t>(xTStaleLines::mostRanges);
+    xTStaleLines stale = Clean(100'000);
+    for (std::int32_t i = 0; i < ranges; ++i)
+        stale.Note(i * 100, i * 100, 100'000);
+    stale.Note(1550, 1550, 100'000);
+    EXPECT_TRUE(stale.Meets(1520, 1520, 100'000)) << Shown(stale);
+    stale.Note(1590, 1590, 100'000);
+    EXPECT_TRUE(stale.Meets(1595, 1595, 100'000)) << Shown(stale);
+    EXPECT_FALSE(stale.Meets(1570, 1570, 100'000)) << Shown(stale);
+}
+
+TEST(StaleLines, APlaceBehindTheOneBeforeStaysApartWhereTwoOthersHaveComeNearer)
+{
+    constexpr auto ranges = static_cast<std::int32_t>(xTStaleLines::mostRanges);
+    xTStaleLines stale = Clean(100'000);
+    for (std::int32_t i = 0; i <= ranges; ++i)
+        stale.Note(i * 100, i * 100, 100'000);
+    stale.Note(1000, 1090, 100'000);  // ten lines ahead of the next range
+    stale.Note(1500, 1520, 100'000);
+    stale.Note(1540, 1540, 100'000);
+    EXPECT_TRUE(stale.Meets(1095, 1095, 100'000)) << Shown(stale);
+    EXPECT_FALSE(stale.Meets(1530, 1530, 100'000)) << Shown(stale);
 }
 
 // Against a mark on every line. The ranges may hold more lines, never fewer, and only when there are many of them.
