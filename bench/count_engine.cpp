@@ -137,6 +137,7 @@ void CountReplace(const WString& text)
         engine.stack.add_replace(request);
     }, undo);
     Count("undo of replace all", undo);
+    Count("redo of replace all", [&] { engine.stack.redo(); });
 }
 
 void CountSearch(const WString& text)

@@ -3,6 +3,7 @@
 #include "editing/Deletion.h"
 #include "editing/HeldText.h"
 #include "editing/Insertion.h"
+#include "editing/ReplacedText.h"
 #include "editing/SelectionExtend.h"
 #include "store/MemStor.h"
 
@@ -222,13 +223,20 @@ void xTMemStorage::overwrite_at_caret(WCHAR ch)
 
 bool xTMemStorage::replace_at(const xTPos& pos, WStrView old, WStrView replacement)
 {
+    return replace_at(pos, old, replacement, {});
+}
+
+bool xTMemStorage::replace_at(const xTPos& pos, WStrView old, WStrView replacement, const xTReplacedText& texts)
+{
     return Guarded(false, [&] {
         const xTPos at = pos;
         if (at.col < 0 || at.col >= line_length(at.line))
             return false;
-        xTExtString line = lines[at.line];
-        line.ReplaceRun(at.col, static_cast<std::int32_t>(old.size()), replacement);
-        lines[at.line] = std::move(line);
+        xTExtString& line = lines[at.line];
+        CString text = texts.Of(line.m_text, static_cast<std::size_t>(at.col), old.size(), replacement);
+        line.ReplaceRun(at.col, static_cast<std::int32_t>(old.size()), text);
+        if (texts.before)
+            *texts.before = std::move(text);
         note_change(at.line, at.line);
         if (wnd)
             wnd->NotifyHost(true, 0);

@@ -1,9 +1,11 @@
+#include "editing/ReplacedText.h"
 #include "editing/SearchMessages.h"
 #include "editing/SearchRounds.h"
 #include "editing/TextFinder.h"
 #include "editing/operations.h"
 #include "store/MemStor.h"
 
+#include <cstring>
 #include <utility>
 
 // How an operation is done the first time, by its kind.
@@ -117,35 +119,47 @@ void xTOperation::replace_matches()
 {
     const xTTextFinder finder(find_text, whole_word, match_case);
     const xTPos start = finder.Search(*store, true, true, nullptr);
-    std::int32_t replaced = 0;
+    const bool holdsTab = find_text.Find(_T('\t')) >= 0;
+    xTStringSlabs slabs;
     xTSearchRounds rounds(find_text.view().size(), replace_text.view().size());
     for (xTPos at = start; at != xTPos::none && (!rounds.HasWrapped() || at < start) && !rounds.IsEndless();) {
-        CString present;
-        if (!match_text(at, present))
-            break;  // no memory for what undo needs
-        replacements.push_back({at, std::move(present)});
         rounds.Replace(!match_reads(at, replace_text));
-        // A match that could not be replaced stands as it stood, and undo has to leave it alone. The search would come
-        // round to it for ever as long as there is no memory, so it ends there.
-        if (!store->replace_at(at, find_text, replace_text)) {
-            replacements.pop_back();
+        // The search would come round for ever to a match that could not be replaced, as long as there is no memory.
+        if (!replace_match(at, holdsTab, slabs))
             break;
-        }
-        ++replaced;
         store->set_caret({at.line, at.col + replace_text.GetLength()});
         bool wrapped = false;
         at = finder.Search(*store, true, true, &wrapped);
         if (wrapped)
             rounds.ComeRound();
     }
-    ShowReplaceCount(window, replaced);
+    ShowReplaceCount(window, static_cast<std::int32_t>(replacements.size()));
+}
+
+// Returns false, with nothing done and nothing recorded, when there is no memory for it.
+bool xTOperation::replace_match(const xTPos& at, bool holdsTab, xTStringSlabs& slabs)
+{
+    CString present;
+    if (!match_text(at, holdsTab, present))
+        return false;
+    const bool isFirst = replacements.empty() || replacements.back().pos.line != at.line;
+    replacements.push_back({at, std::move(present), {}});
+    xTReplacedText texts;
+    if (isFirst) {
+        texts.slabs = replacements.size() > xTReplacedText::slabWorth ? &slabs : nullptr;
+        texts.before = &replacements.back().line;
+    }
+    if (store->replace_at(at, find_text, replace_text, texts))
+        return true;
+    replacements.pop_back();  // it stands as it stood: undo has to leave it alone
+    return false;
 }
 
 // Most matches are spelt as what was looked for, and share its buffer. One with a tab may read otherwise than it stands.
 // Returns false when there was no memory for it.
-bool xTOperation::match_text(const xTPos& at, CString& present) const
+bool xTOperation::match_text(const xTPos& at, bool holdsTab, CString& present) const
 {
-    if (match_reads(at, find_text) && find_text.Find(_T('\t')) < 0) {
+    if (!holdsTab && match_reads(at, find_text)) {
         present = find_text;
         return true;
     }
@@ -157,8 +171,9 @@ bool xTOperation::match_text(const xTPos& at, CString& present) const
 // Whether the characters of a match are those of `text`.
 bool xTOperation::match_reads(const xTPos& at, WStrView text) const
 {
-    const WStrView line = store->lines[at.line].m_text.view();
-    return line.substr(static_cast<std::size_t>(at.col), find_text.view().size()) == text;
+    // Compared as bytes: the library compares wide units one by one. A match lies within its line.
+    const WCHAR* const match = store->lines[at.line].m_text.c_str() + at.col;
+    return text.size() == find_text.view().size() && std::memcmp(match, text.data(), text.size() * sizeof(WCHAR)) == 0;
 }
 
 void xTOperation::apply_to_selection()

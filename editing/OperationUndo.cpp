@@ -1,4 +1,5 @@
 #include "diagnostics/Guarded.h"
+#include "editing/ReplacedText.h"
 #include "editing/operations.h"
 #include "store/MemStor.h"
 
@@ -153,6 +154,9 @@ void xTOperation::swap_matches(bool back)
         clear_selection();
     const std::int32_t grown = replace_text.GetLength() - find_text.GetLength();
     const std::int32_t step = back ? -grown : grown;
+    xTStringSlabs slabs;
+    const bool carves = replacements.size() > xTReplacedText::slabWorth;
+    const CString* whole = nullptr;
     std::int32_t line = 0;
     std::int32_t shift = 0;
     for (xTReplaceRecord& record : replacements) {
@@ -163,10 +167,14 @@ void xTOperation::swap_matches(bool back)
             shift = 0;
         }
         shift += step;
+        const bool isFirst = !record.line.IsEmpty();
+        if (isFirst)
+            whole = &record.line;
         if (back)
-            store->replace_at(record.pos, replace_text, record.old_text);
+            store->replace_at(record.pos, replace_text, record.old_text, {nullptr, whole, nullptr});
         else
-            store->replace_at(record.pos, record.old_text, replace_text);
+            store->replace_at(record.pos, record.old_text, replace_text,
+                              {carves && isFirst ? &slabs : nullptr, nullptr, nullptr});
     }
     invalidate();
     update_now();

@@ -15,6 +15,9 @@ struct xTSearchRequest;
 struct xTReplaceRecord {
     xTPos pos;
     CString old_text;
+    /// The whole line ahead of its first replacement, empty for further ones. It shares the line's buffer, which undo gives
+    /// back to the line: what a load has carved stays where it is, and nothing is built anew.
+    CString line;
 };
 
 /// One recorded edit: what is needed to do it, to undo it and to do it again, all through the primitives of the store.
@@ -113,7 +116,8 @@ private:
     void apply_to_lines();
     void auto_indent();
     void replace_matches();
-    [[nodiscard]] bool match_text(const xTPos& at, CString& present) const;
+    [[nodiscard]] bool replace_match(const xTPos& at, bool holdsTab, xTStringSlabs& slabs);
+    [[nodiscard]] bool match_text(const xTPos& at, bool holdsTab, CString& present) const;
     [[nodiscard]] bool match_reads(const xTPos& at, WStrView text) const;
 
     void undo_kind();

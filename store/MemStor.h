@@ -17,6 +17,7 @@ class xTAttribTable;
 class xTHeldText;
 struct xTHighlightHook;
 struct xTPrintSetup;
+struct xTReplacedText;
 namespace zsl {
 class text_encoding;
 }
@@ -138,6 +139,8 @@ public:
     /// Replaces the characters at `pos`, as many as `old` has, within the line and without any limit.
     /// @return false for a position that holds no character
     bool replace_at(const xTPos& pos, WStrView old, WStrView replacement);
+    /// The same, for one of many replacements.
+    bool replace_at(const xTPos& pos, WStrView old, WStrView replacement, const xTReplacedText& texts);
     /// Shift with an arrow key. Nothing without a window. @param direction as for move_caret
     void extend_selection(int direction);
 

@@ -189,14 +189,16 @@ std::int32_t xTExtString::DeleteSubString(std::int32_t pos, std::int32_t count) 
     return 0;
 }
 
-void xTExtString::ReplaceRun(std::int32_t pos, std::int32_t count, WStrView text)
+void xTExtString::ReplaceRun(std::int32_t pos, std::int32_t count, CString& text)
 {
-    const bool plain = IsRun(m_attrs, attrBase);
-    m_text.Exchange(pos, count, text);
-    if (plain)
-        m_attrs = SharedRun(attrBase, GetLength());
-    else
-        m_attrs.Exchange(pos, count, CString(attrBase, static_cast<std::int32_t>(text.size())));
+    const std::int32_t length = text.GetLength();
+    if (IsRun(m_attrs, attrBase)) {
+        m_attrs = SharedRun(attrBase, length);
+    } else {
+        const std::int32_t removed = std::clamp(count, 0, GetLength() - pos);
+        m_attrs.Exchange(pos, removed, CString(attrBase, length - GetLength() + removed));
+    }
+    std::swap(m_text, text);
 }
 
 std::int32_t xTExtString::ReplaceTabs(WStrView spaces)

@@ -57,9 +57,11 @@ public:
     /// @param count -1 means to the end of the line
     /// @return the new length, 0 after a failure
     std::int32_t DeleteSubString(std::int32_t pos, std::int32_t count) noexcept;
-    /// Puts characters with base words, even within a comment, in the place of `count` others; no flag changes.
-    /// @param pos in the line; `count` is cut to it
-    void ReplaceRun(std::int32_t pos, std::int32_t count, WStrView text);
+    /// Takes over a text that has others in the place of `count` characters of the present one. The new ones have base words,
+    /// even within a comment; no flag changes. What fails leaves the line as it was.
+    /// @param pos  in the line; `count` is cut to it
+    /// @param text in: the whole line as it will be; out: as it was
+    void ReplaceRun(std::int32_t pos, std::int32_t count, CString& text);
     /// @param spaces what each tab becomes; with a tab in it nothing is replaced
     /// @return how many tabs there were
     std::int32_t ReplaceTabs(WStrView spaces);

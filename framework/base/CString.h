@@ -187,6 +187,8 @@ public:
 
     /// A string of `text`; a text too long for a block gets a buffer of its own.
     [[nodiscard]] CString Carve(WStrView text);
+    /// The same for a text that is told in three pieces.
+    [[nodiscard]] CString Carve(WStrView head, WStrView middle, WStrView tail);
 
     /// Bytes of all blocks now alive in the process, for tests and figures.
     [[nodiscard]] static std::size_t LiveBytes() noexcept;
@@ -197,6 +199,7 @@ private:
     static void DropFrom(xTSlab* slab, std::uint32_t count) noexcept;
     static xTSlab* SlabOf(const void* place) noexcept;
 
+    [[nodiscard]] WCHAR* Room(std::size_t length);
     void StartSlab();
     void FinishSlab() noexcept;
 

@@ -57,24 +57,48 @@ void xTStringSlabs::StartSlab()
     m_carved = 0;
 }
 
-CString xTStringSlabs::Carve(WStrView text)
+// A string of `length` characters, which are for the caller to write; null for a text that is too long for a block.
+inline WCHAR* xTStringSlabs::Room(std::size_t length)
 {
-    if (text.empty())
-        return {};
     constexpr std::size_t longest = slabBytes / 8 / sizeof(WCHAR);  // a longer text would leave too much of a block unused
-    if (text.size() > longest)
-        return text;
+    if (length > longest)
+        return nullptr;
     constexpr std::size_t alignment = alignof(CString::xTHeader);
-    const std::size_t wanted = sizeof(CString::xTHeader) + (text.size() + 1) * sizeof(WCHAR);
+    const std::size_t wanted = sizeof(CString::xTHeader) + (length + 1) * sizeof(WCHAR);
     const std::size_t bytes = (wanted + alignment - 1) / alignment * alignment;
     if (!m_slab || bytes > slabBytes - m_used)
         StartSlab();
     void* place = reinterpret_cast<std::byte*>(m_slab) + m_used;
     m_used += bytes;
     ++m_carved;
-    auto* header = new (place) CString::xTHeader{{1}, static_cast<std::int32_t>(text.size()), CString::inSlab};
+    auto* header = new (place) CString::xTHeader{{1}, static_cast<std::int32_t>(length), CString::inSlab};
     auto* characters = reinterpret_cast<WCHAR*>(header + 1);
-    *std::copy(text.begin(), text.end(), characters) = 0;
+    characters[length] = 0;
+    return characters;
+}
+
+CString xTStringSlabs::Carve(WStrView text)
+{
+    if (text.empty())
+        return {};
+    WCHAR* const characters = Room(text.size());
+    if (!characters)
+        return text;
+    std::copy(text.begin(), text.end(), characters);
+    return {characters, CString::xTAdopt{}};
+}
+
+CString xTStringSlabs::Carve(WStrView head, WStrView middle, WStrView tail)
+{
+    const std::size_t length = head.size() + middle.size() + tail.size();
+    if (length == 0)
+        return {};
+    WCHAR* const characters = Room(length);
+    if (!characters)
+        return CString(head).Append(middle).Append(tail);
+    WCHAR* place = std::copy(head.begin(), head.end(), characters);
+    place = std::copy(middle.begin(), middle.end(), place);
+    std::copy(tail.begin(), tail.end(), place);
     return {characters, CString::xTAdopt{}};
 }
 

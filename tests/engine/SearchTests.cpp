@@ -307,6 +307,60 @@ TEST_F(Search, ReplaceAllKeepsNoCopyOfAMatchThatIsSpeltAsWhatIsLookedFor)
     EXPECT_TRUE(step.replacements[2].old_text.SharesBufferWith(step.find_text));
 }
 
+// What a load has carved out of a slab stays there anyway, so the step shares it until the line has it back.
+TEST_F(Search, UndoOfReplaceAllGivesEachLineItsOwnBufferBack)
+{
+    given("|ab x\nno\nx ab y AB\nab");
+    std::vector<CString> before;
+    for (std::int32_t i = 0; i < store.line_count(); ++i)
+        before.push_back(store.lines[i].m_text);
+    for (const char* by : {"longer", "xy", "9"}) {
+        stack.add_replace(request("ab", by, xTSearchRequest::replaceAll));
+        EXPECT_EQ(line(2), std::string("x ") + by + " y " + by);
+        for (int round = 0; round < 2; ++round) {
+            stack.undo();
+            for (std::int32_t i = 0; i < store.line_count(); ++i)
+                EXPECT_TRUE(store.lines[i].m_text.SharesBufferWith(before[static_cast<std::size_t>(i)])) << i << by;
+            stack.redo();
+            EXPECT_EQ(line(0), std::string(by) + " x");
+        }
+        stack.undo();
+        store.set_caret({0, 0});
+    }
+}
+
+// By as many characters: where columns move, what stands before the caret is not brought back.
+TEST_F(Search, ReplaceAllFromTheMiddleOfALineIsUndoneAndRedone)
+{
+    given("ab AB ab |ab ab\nab");
+    stack.add_replace(request("ab", "xy", xTSearchRequest::replaceAll));
+    for (int round = 0; round < 3; ++round) {
+        stack.undo();
+        EXPECT_EQ(line(0), "ab AB ab ab ab");
+        EXPECT_EQ(line(1), "ab");
+        stack.redo();
+        EXPECT_EQ(line(0), "xy xy xy xy xy");
+    }
+}
+
+TEST_F(Search, LinesOfALargeReplaceAllAreCarvedOutOfSlabsWhichUndoGivesBack)
+{
+    given("|");
+    const std::size_t atStart = xTStringSlabs::LiveBytes();
+    for (std::int32_t i = 0; i < 1000; ++i)
+        store.lines.Add(xTExtString(CString(_T("ab and more"))));
+    stack.add_replace(request("ab", "xyz", xTSearchRequest::replaceAll));
+    EXPECT_EQ(line(1000), "xyz and more");
+    EXPECT_GT(xTStringSlabs::LiveBytes(), atStart);
+    stack.undo();
+    EXPECT_EQ(line(1000), "ab and more");
+    EXPECT_EQ(xTStringSlabs::LiveBytes(), atStart);
+    stack.redo();
+    EXPECT_EQ(line(1000), "xyz and more");
+    stack.undo();
+    EXPECT_EQ(xTStringSlabs::LiveBytes(), atStart);
+}
+
 TEST_F(Search, ReplaceAllReadsATabOfAMatchAsSpacesWhereTabsBecomeThose)
 {
     given("|a\tb");

@@ -43,6 +43,19 @@ TEST_F(StringSlabs, CarvedStringsHoldTheirTexts)
     }
 }
 
+TEST_F(StringSlabs, ATextMayBeToldInThreePieces)
+{
+    xTStringSlabs slabs;
+    EXPECT_EQ(slabs.Carve(_T("one "), _T("two"), _T(" three")), _T("one two three"));
+    EXPECT_EQ(slabs.Carve({}, _T("two"), {}), _T("two"));
+    EXPECT_TRUE(slabs.Carve({}, {}, {}).IsEmpty());
+    const CString half(_T('x'), 4000);
+    const CString whole = slabs.Carve(half, _T("-"), half);
+    EXPECT_EQ(whole.GetLength(), 8001);
+    EXPECT_EQ(whole[4000], _T('-'));
+    EXPECT_EQ(Bytes(), slabBytes) << "too long for a block";
+}
+
 TEST_F(StringSlabs, TheBlockGoesWithItsLastString)
 {
     std::optional<xTStringSlabs> slabs(std::in_place);
