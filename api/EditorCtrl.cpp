@@ -158,6 +158,7 @@ void CEditorCtrl::OnUnwound() noexcept
 {
     m_caret.ForgetForeign();
     m_invalid.Forget();
+    m_clientSeen.reset();
     m_retired.operations.reset();
     m_retired.store.reset();
     m_retired.attribs.reset();
@@ -229,11 +230,16 @@ void CEditorCtrl::NotifyHost(bool changed, std::int32_t value)
     TellParent(ED_NOTIFY_CARET, changed, value ? value : PackedCaret());
 }
 
+// A parent that has gone, or none at all, gets nothing. One of this thread gets either message before the call returns, and
+// SendMessageW goes the shorter way, on which an exception of the host comes out here. A replace-all tells of each match.
 void CEditorCtrl::TellParent(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const HWND parent = ::GetParent(m_hWnd);
-    if (::IsWindow(parent))
-        ::SendNotifyMessageW(parent, message, wParam, lParam);
+    if (const HWND parent = ::GetParent(m_hWnd); parent != m_parent.window)
+        m_parent = {parent, ::GetWindowThreadProcessId(parent, nullptr) == ::GetCurrentThreadId()};
+    if (m_parent.isOfThisThread)
+        Guarded([&] { ::SendMessageW(m_parent.window, message, wParam, lParam); });
+    else if (::IsWindow(m_parent.window))
+        ::SendNotifyMessageW(m_parent.window, message, wParam, lParam);
     m_invalid.Forget();
 }
 

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 struct edPoint;
 struct edPrintSetup;
@@ -150,6 +151,7 @@ private:
     LRESULT OnAfterPaint(const xTMessage& message);
 
     void TellParent(UINT message, WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] const RECT& ClientSeen() const noexcept;
 
     // Life
     bool MakeParts();
@@ -302,6 +304,8 @@ private:
     xTBitmap m_paintBitmap;
     HGDIOBJ m_previousBitmap = nullptr;  // what the memory context held before the paint bitmap
     xTInvalidArea m_invalid;
+    /// The client area as the handler at work has seen it when it looked for the caret in it; a new size forgets it.
+    mutable std::optional<RECT> m_clientSeen;
     SIZE m_screen{};  // of the whole screen, which is the size of the paint bitmap
     UINT_PTR m_ticker = 1;
     UINT_PTR m_scrollTimer = 0;
@@ -323,6 +327,11 @@ private:
     POINT m_lastMousePoint{-1, -1};
     xTPosRange m_dragRange{{0, 0}, {0, 0}};  // the selection as it stood when a drag began
     COleDataSource m_dragData;
+
+    struct {
+        HWND window = nullptr;
+        bool isOfThisThread = false;
+    } m_parent;  // as it was told last
 
     zsl::text_encoding m_fileEncoding;  // of the file that the text came from: its mark and line ends go back into a save
     xTFindReplace m_find{this};

@@ -50,6 +50,7 @@ LRESULT CEditorCtrl::OnMouseWheel(const xTMessage& message)
 
 LRESULT CEditorCtrl::OnSize(const xTMessage& message)
 {
+    m_clientSeen.reset();
     const LRESULT result = Default(message);
     Guarded([&] {
         ReadScreenSize();

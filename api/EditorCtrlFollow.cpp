@@ -19,14 +19,22 @@ enum xTOutOfView { outLeft = 0, outRight = 1, outAbove = 2, outBelow = 3, inView
 
 }  // namespace
 
+// Asked for at each match of a replace-all, and the system's answer takes longer than the search for the match.
+const RECT& CEditorCtrl::ClientSeen() const noexcept
+{
+    if (!m_clientSeen)
+        m_clientSeen = ClientRect();
+    return *m_clientSeen;
+}
+
 // The checks override one another in this order.
 int CEditorCtrl::CaretOutOfView(std::int32_t& count) const noexcept
 {
     const RECT caret = CaretBlockingRect();
-    const RECT client = ClientRect();
+    const RECT client = ClientSeen();
     // A view with no room for a whole line, or for the caret itself, shows of them what it can: taken as it is it would be
     // sent past the caret, from where it comes back, and so on for ever.
-    const std::int32_t rows = std::max(VisibleLines(), 1);
+    const std::int32_t rows = std::max<std::int32_t>(client.bottom / LineHeight(), 1);
     const LONG right = std::max<LONG>(client.right, m_caret.Width());
     const std::int32_t line = m_store ? m_store->caret.line : 0;
     int code = inView;

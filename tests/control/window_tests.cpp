@@ -482,6 +482,26 @@ TEST_F(Window, AHostMayDestroyTheControlFromAnyNotification)
     }
 }
 
+// What the key has seen of the client area ahead of the notification counts no more.
+TEST_F(Window, TheCaretIsBroughtIntoAViewThatAHostMakesSmallerMeanwhile)
+{
+    control = host.Create();
+    ::ShowWindow(control, SW_SHOW);
+    edLoadText(control, lines(300).c_str(), 0xFFFFFFFF);
+    ::SetFocus(control);
+    edSetCaretPosition(control, 20, 1);
+    Pump();
+    ASSERT_LT(viewOf(control).y, 10);
+    bool smaller = false;
+    host.onMessage = [&](const ControlHost::Message& message) {
+        if (message.id == ED_NOTIFY_CARET && !std::exchange(smaller, true))
+            ::SetWindowPos(control, nullptr, 0, 0, 400, 10 * lineHeight, SWP_NOMOVE | SWP_NOZORDER);
+    };
+    ::SendMessageW(control, WM_KEYDOWN, VK_DOWN, 0);
+    host.onMessage = nullptr;
+    EXPECT_GE(viewOf(control).y, 12);
+}
+
 TEST_F(Window, AHostMayReloadTheTextFromAnyNotification)
 {
     for (const UINT id : {ED_NOTIFY_CARET, ED_NOTIFY_SCROLL}) {
