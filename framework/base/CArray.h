@@ -8,6 +8,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <span>
 #include <type_traits>
 #include <utility>
 
@@ -21,7 +22,7 @@
 template <typename TYPE, typename ARG_TYPE = const TYPE&>
 class CArray {
     static_assert(std::is_nothrow_default_constructible_v<TYPE> && std::is_nothrow_destructible_v<TYPE>);
-    static_assert(std::is_nothrow_move_assignable_v<TYPE>);
+    static_assert(std::is_nothrow_move_assignable_v<TYPE> && std::is_nothrow_move_constructible_v<TYPE>);
     static_assert(alignof(TYPE) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
 
 public:
@@ -39,10 +40,28 @@ public:
     [[nodiscard]] TYPE& operator[](index i) { return *At(i); }
     [[nodiscard]] const TYPE& operator[](index i) const { return *At(i); }
 
+    /// The records from `at` (0 to the size) on that stand in one block: those up to the free room, or up to the end.
+    [[nodiscard]] std::span<const TYPE> BlockFrom(index at) const
+    {
+        CheckRun(at, 0);
+        if (at < m_gap)
+            return {m_data + at, static_cast<std::size_t>(m_gap - at)};
+        return {BehindGap() + (at - m_gap), static_cast<std::size_t>(m_size - at)};
+    }
+
     void Add(ARG_TYPE record)
     {
         TYPE copy(record);  // first: it may fail, and `record` may stand in this array
         *InsertAt(m_size) = std::move(copy);
+    }
+
+    /// @param record stands in no array
+    void Add(TYPE&& record)
+    {
+        Reserve(SizeWith(1));
+        MoveGapTo(m_size);
+        ::new (static_cast<void*>(m_data + m_size)) TYPE(std::move(record));
+        m_gap = ++m_size;
     }
 
     /// Makes room for `total` records in all by the growth rule, so that the insertions that follow allocate nothing.

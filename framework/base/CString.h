@@ -5,6 +5,8 @@
 
 #include <atomic>
 #include <compare>
+#include <cstddef>
+#include <cstdint>
 #include <utility>
 
 class xTStringSlabs;
@@ -186,9 +188,22 @@ public:
     ~xTStringSlabs();
 
     /// A string of `text`; a text too long for a block gets a buffer of its own.
-    [[nodiscard]] CString Carve(WStrView text);
+    [[nodiscard]] CString Carve(WStrView text) { return Carve(text, text.size()); }
+    /// @param readable so many units may be read from the place of `text`, which is a part of something larger
+    [[nodiscard]] CString Carve(WStrView text, std::size_t readable);
     /// The same for a text that is told in three pieces.
     [[nodiscard]] CString Carve(WStrView head, WStrView middle, WStrView tail);
+
+    /// A block's size and its alignment: a buffer finds its block by its address.
+    static constexpr std::size_t blockBytes = 64 * 1024;
+
+    /// Where the block begins that the string was carved out of; 0 for any other string. All of it may be read as long as
+    /// the string lives: it holds the texts of other strings, none overlapping another, and what stands between them.
+    [[nodiscard]] static std::uintptr_t BlockOf(const CString& text) noexcept
+    {
+        const bool carved = text.Header()->capacity == CString::inSlab;
+        return carved ? reinterpret_cast<std::uintptr_t>(text.m_text) & ~(blockBytes - 1) : 0;
+    }
 
     /// Bytes of all blocks now alive in the process, for tests and figures.
     [[nodiscard]] static std::size_t LiveBytes() noexcept;

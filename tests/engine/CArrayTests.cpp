@@ -263,6 +263,24 @@ constexpr xTArrayChange arrayChanges[] = {
     {"Reserve", [](xTTexts& array) { array.Reserve(1000); }},
 };
 
+TEST(CArrayBlocks, AreTheRecordsOnEitherSideOfTheFreeRoom)
+{
+    CArray<int> array;
+    EXPECT_TRUE(array.BlockFrom(0).empty());
+    array.InsertAt(0, 10);
+    for (int i = 0; i < 10; ++i)
+        array[i] = i;
+    array.RemoveAt(4, 2);
+    const auto head = array.BlockFrom(1);
+    EXPECT_EQ(std::vector<int>(head.begin(), head.end()), (std::vector<int>{1, 2, 3}));
+    const auto tail = array.BlockFrom(4);
+    EXPECT_EQ(std::vector<int>(tail.begin(), tail.end()), (std::vector<int>{6, 7, 8, 9}));
+    EXPECT_EQ(array.BlockFrom(7).size(), 1u);
+    EXPECT_TRUE(array.BlockFrom(8).empty());
+    EXPECT_TRUE(RaisesInvalidArgument([&] { static_cast<void>(array.BlockFrom(9)); }));
+    EXPECT_TRUE(RaisesInvalidArgument([&] { static_cast<void>(array.BlockFrom(-1)); }));
+}
+
 class CArrayOutOfMemory : public testing::TestWithParam<xTArrayChange> {};
 
 TEST_P(CArrayOutOfMemory, LeavesTheArrayAsItWas)

@@ -56,6 +56,39 @@ TEST_F(StringSlabs, ATextMayBeToldInThreePieces)
     EXPECT_EQ(Bytes(), slabBytes) << "too long for a block";
 }
 
+TEST_F(StringSlabs, PartsOfALargerTextHoldWhatTheyAreMadeOf)
+{
+    WString whole(70, _T(' '));
+    for (std::size_t i = 0; i < whole.size(); ++i)
+        whole[i] = static_cast<WCHAR>(1000 + i);
+    whole.shrink_to_fit();
+    std::vector<CString> parts;
+    xTStringSlabs slabs;
+    for (int round = 0; round < 40; ++round) {
+        for (std::size_t from = 0; from < whole.size(); ++from)
+            parts.push_back(slabs.Carve(WStrView(whole).substr(from, 1 + (from + parts.size()) % 69), whole.size() - from));
+    }
+    std::size_t carved = 0;
+    for (int round = 0; round < 40; ++round) {
+        for (std::size_t from = 0; from < whole.size(); ++from, ++carved) {
+            ASSERT_EQ(parts[carved], WStrView(whole).substr(from, 1 + (from + carved) % 69));
+            ASSERT_EQ(parts[carved].c_str()[parts[carved].GetLength()], 0);
+        }
+    }
+}
+
+TEST_F(StringSlabs, OnlyCarvedStringsTellTheirBlock)
+{
+    xTStringSlabs slabs;
+    const CString first = slabs.Carve(_T("first"));
+    const CString second = slabs.Carve(_T("second"));
+    EXPECT_NE(xTStringSlabs::BlockOf(first), 0u);
+    EXPECT_EQ(xTStringSlabs::BlockOf(first), xTStringSlabs::BlockOf(second));
+    EXPECT_EQ(xTStringSlabs::BlockOf(CString()), 0u);
+    EXPECT_EQ(xTStringSlabs::BlockOf(CString(_T("own"))), 0u);
+    EXPECT_EQ(xTStringSlabs::BlockOf(SharedRun(0x0001, 7)), 0u);
+}
+
 TEST_F(StringSlabs, TheBlockGoesWithItsLastString)
 {
     std::optional<xTStringSlabs> slabs(std::in_place);
