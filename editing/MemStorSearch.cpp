@@ -1,6 +1,7 @@
 #include "diagnostics/Guarded.h"
 #include "editing/SearchMessages.h"
 #include "editing/TextFinder.h"
+#include "store/FoldCase.h"
 #include "store/MemStor.h"
 
 // Find and replace, the store's side. Both go through the text from the caret.

@@ -2,7 +2,7 @@
 
 #include "framework/base/WinTypes.h"
 
-#include <array>
+#include <cstddef>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -20,9 +20,20 @@ struct xTEightHits {
     __m128i hits = _mm_setzero_si128();
 
     [[nodiscard]] bool Any() const noexcept { return _mm_movemask_epi8(hits) != 0; }
+    /// Bit i stands for place i.
+    [[nodiscard]] unsigned Places() const noexcept
+    {
+        return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(hits, _mm_setzero_si128())));
+    }
     friend xTEightHits operator&(xTEightHits a, xTEightHits b) noexcept { return {_mm_and_si128(a.hits, b.hits)}; }
     friend xTEightHits operator|(xTEightHits a, xTEightHits b) noexcept { return {_mm_or_si128(a.hits, b.hits)}; }
 };
+
+/// Of sixteen places, bit i standing for place i.
+inline unsigned SixteenPlaces(xTEightHits low, xTEightHits high) noexcept
+{
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(low.hits, high.hits)));
+}
 
 /// A unit, eight times over: spread once for many questions.
 using xTEightUnits = __m128i;
@@ -32,6 +43,13 @@ inline xTEightUnits EightTimes(WCHAR ch) noexcept { return _mm_set1_epi16(static
 inline xTEightHits EightEqual(const WCHAR* at, xTEightUnits wanted) noexcept
 {
     return {_mm_cmpeq_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(at)), wanted)};
+}
+
+/// Equal in `bits`, what is wanted having no other ones.
+inline xTEightHits EightEqual(const WCHAR* at, xTEightUnits wanted, xTEightUnits bits) noexcept
+{
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    return {_mm_cmpeq_epi16(_mm_and_si128(units, bits), wanted)};
 }
 
 inline xTEightHits EightUpTo(const WCHAR* at, WCHAR limit) noexcept
@@ -48,9 +66,14 @@ struct xTEightHits {
     unsigned hits = 0;
 
     [[nodiscard]] bool Any() const noexcept { return hits != 0; }
+    /// Bit i stands for place i.
+    [[nodiscard]] unsigned Places() const noexcept { return hits; }
     friend xTEightHits operator&(xTEightHits a, xTEightHits b) noexcept { return {a.hits & b.hits}; }
     friend xTEightHits operator|(xTEightHits a, xTEightHits b) noexcept { return {a.hits | b.hits}; }
 };
+
+/// Of sixteen places, bit i standing for place i.
+inline unsigned SixteenPlaces(xTEightHits low, xTEightHits high) noexcept { return low.hits | high.hits << eightUnits; }
 
 /// A unit, eight times over: spread once for many questions.
 struct xTEightUnits {
@@ -67,6 +90,15 @@ inline xTEightHits EightEqual(const WCHAR* at, xTEightUnits wanted) noexcept
     return {hits};
 }
 
+/// Equal in `bits`, what is wanted having no other ones.
+inline xTEightHits EightEqual(const WCHAR* at, xTEightUnits wanted, xTEightUnits bits) noexcept
+{
+    unsigned hits = 0;
+    for (std::size_t i = 0; i < eightUnits; ++i)
+        hits |= static_cast<unsigned>((at[i] & bits.unit) == wanted.unit) << i;
+    return {hits};
+}
+
 inline xTEightHits EightUpTo(const WCHAR* at, WCHAR limit) noexcept
 {
     unsigned hits = 0;
@@ -78,16 +110,6 @@ inline xTEightHits EightUpTo(const WCHAR* at, WCHAR limit) noexcept
 #endif
 
 inline xTEightHits EightEqual(const WCHAR* at, WCHAR ch) noexcept { return EightEqual(at, EightTimes(ch)); }
-
-/// The same of eight places that may have any of a few units.
-template <std::size_t N>
-inline xTEightHits EightEqual(const WCHAR* at, const std::array<WCHAR, N>& units) noexcept
-{
-    xTEightHits hits;
-    for (const WCHAR unit : units)
-        hits = hits | EightEqual(at, unit);
-    return hits;
-}
 
 /// Has one of the places from `from` up to, not including, `end` what is looked for? `hits` tells it of the eight
 /// places from one on, `isHit` of a single one. All are looked at, the first hit ends nothing: for texts that mostly

@@ -2,13 +2,12 @@
 
 #include "framework/base/CArray.h"
 #include "store/MyStr.h"
+#include "store/Needle.h"
+#include "store/Positions.h"
 
-#include <span>
-
-/// Passes over the lines that cannot hold a text, told by its two ends alone; one by one they cost a search most of its
-/// time. `firsts` and `lasts` hold 1 to `mostEndUnits` units.
+/// Passes over the lines that do not hold a text. Lines whose characters stand one behind the other in memory, as a load
+/// leaves them, are looked through as one text.
 /// @param line, stop from the one to before the other, upwards when `stop` lies above; all lines between exist
-/// @return the first line that has one of `firsts` and, `distance` units behind it, one of `lasts`, or `stop`
-[[nodiscard]] std::int32_t NextLineWithEnds(const CArray<xTExtString>& lines, std::int32_t line, std::int32_t stop,
-                                            std::span<const WCHAR> firsts, std::span<const WCHAR> lasts,
-                                            std::size_t distance);
+/// @return the first match in the first line on this way that has one, or column -1 of `stop`
+[[nodiscard]] xTPos NextMatch(const CArray<xTExtString>& lines, std::int32_t line, std::int32_t stop,
+                              const xTNeedle& needle);

@@ -3,9 +3,7 @@
 #include "store/EightUnits.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
-#include <type_traits>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -213,52 +211,6 @@ std::size_t FindAnyUnit(WStrView text, std::span<const WCHAR> wanted, std::size_
     const WCHAR* const units = text.data();
     return FirstHit(from, text.size(), [=](std::size_t i) { return MaskOfAny(BlockAt(units + i), wanted); },
                     [=](std::size_t i) { return IsAny(units[i], wanted); });
-}
-
-namespace {
-
-// Up to N units, spread over blocks once for many questions; with fewer of them the last stands for the rest.
-template <std::size_t N>
-struct xTUnitSet {
-    explicit xTUnitSet(std::span<const WCHAR> wanted) noexcept
-    {
-        for (std::size_t i = 0; i < N; ++i)
-            units[i] = wanted[std::min(i, wanted.size() - 1)];
-    }
-    std::array<WCHAR, N> units;
-};
-
-template <std::size_t N>
-std::size_t FindEndsOf(const WCHAR* first, const WCHAR* last, std::size_t from, std::size_t end,
-                       const xTUnitSet<N>& firsts, const xTUnitSet<N>& lasts) noexcept
-{
-    return FirstHit(
-        from, end,
-        [=](std::size_t i) {
-            return MaskOfAny(BlockAt(first + i), firsts.units) & MaskOfAny(BlockAt(last + i), lasts.units);
-        },
-        [=](std::size_t i) { return IsAny(first[i], firsts.units) && IsAny(last[i], lasts.units); });
-}
-
-}  // namespace
-
-std::size_t FindEnds(WStrView text, std::span<const WCHAR> firsts, std::span<const WCHAR> lasts, std::size_t distance,
-                     std::size_t from) noexcept
-{
-    if (from + distance >= text.size())
-        return text.size();
-    const auto find = [&]<std::size_t N>(std::integral_constant<std::size_t, N>) {
-        const std::size_t end = text.size() - distance;
-        const std::size_t hit = FindEndsOf(text.data(), text.data() + distance, from, end, xTUnitSet<N>(firsts),
-                                           xTUnitSet<N>(lasts));
-        return hit < end ? hit : text.size();
-    };
-    const std::size_t most = std::max(firsts.size(), lasts.size());
-    if (most == 1)
-        return find(std::integral_constant<std::size_t, 1>());
-    if (most == 2)
-        return find(std::integral_constant<std::size_t, 2>());
-    return find(std::integral_constant<std::size_t, mostEndUnits>());
 }
 
 std::size_t CountUnit(WStrView text, WCHAR ch) noexcept

@@ -28,15 +28,6 @@ struct xTTextFacts {
 /// @return how many times `ch` stands in the text
 [[nodiscard]] std::size_t CountUnit(WStrView text, WCHAR ch) noexcept;
 
-/// The most units that FindEnds takes for an end.
-inline constexpr std::size_t mostEndUnits = 4;
-
-/// `firsts` and `lasts` hold 1 to `mostEndUnits` units.
-/// @return the first index at or behind `from` with one of `firsts` there and one of `lasts` `distance` units behind it,
-/// the text's length when there is none
-[[nodiscard]] std::size_t FindEnds(WStrView text, std::span<const WCHAR> firsts, std::span<const WCHAR> lasts,
-                                   std::size_t distance, std::size_t from) noexcept;
-
 /// @return the index of the first `a` with `b` right behind it, at or behind `from` (below 0 counts as 0), or -1
 [[nodiscard]] std::int32_t FindPair(WStrView text, WCHAR a, WCHAR b, std::int32_t from) noexcept;
 

@@ -1,5 +1,6 @@
 #include "editing/ClipboardText.h"
 #include "editing/TextFinder.h"
+#include "store/FoldCase.h"
 #include "tests/support/EditingFixture.h"
 
 #include <stdexcept>

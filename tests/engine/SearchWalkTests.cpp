@@ -1,4 +1,5 @@
 #include "editing/TextFinder.h"
+#include "store/FoldCase.h"
 #include "tests/support/EditingFixture.h"
 
 #include <random>

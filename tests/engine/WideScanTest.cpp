@@ -1,5 +1,7 @@
 #include "store/WideScan.h"
 
+#include "tests/support/ExactText.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -8,21 +10,6 @@
 #include <vector>
 
 namespace {
-
-// A text in a block of exactly its size at a given offset from an even address, so that a read outside is found.
-class xTExactText {
-public:
-    xTExactText(const WString& text, std::size_t offset)
-        : m_block(std::make_unique<WCHAR[]>(text.size() + 1 + offset)), m_text(m_block.get() + offset)
-    {
-        std::copy(text.begin(), text.end(), m_text);
-    }
-    [[nodiscard]] const WCHAR* c_str() const { return m_text; }
-
-private:
-    std::unique_ptr<WCHAR[]> m_block;
-    WCHAR* m_text;
-};
 
 WString RandomText(std::mt19937& random, std::size_t longest)
 {
@@ -93,33 +80,6 @@ TEST(WideScan, PairSearchEqualsThePlainOne)
         ASSERT_EQ(hit, static_cast<std::int32_t>(expected));
     }
 }
-
-class WideScanEnds : public testing::TestWithParam<std::pair<WStrView, WStrView>> {};
-
-TEST_P(WideScanEnds, SearchOfBothEqualsThePlainOne)
-{
-    const auto [firsts, lasts] = GetParam();
-    std::mt19937 random(7);
-    for (std::size_t round = 0; round < 5000; ++round) {
-        const WString text = RandomText(random, 70);
-        const std::size_t from = random() % (text.size() + 3);
-        const std::size_t distance = random() % 20;
-        std::size_t expected = text.size();
-        for (std::size_t i = text.size(); i-- > from;) {
-            if (i + distance < text.size() && firsts.find(text[i]) != WStrView::npos &&
-                lasts.find(text[i + distance]) != WStrView::npos)
-                expected = i;
-        }
-        const xTExactText exact(text, round % 9);
-        ASSERT_EQ(FindEnds({exact.c_str(), text.size()}, firsts, lasts, distance, from), expected);
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(OneToFourUnits, WideScanEnds,
-                         testing::Values(std::pair(WStrView(_T("/")), WStrView(_T("*"))),
-                                         std::pair(WStrView(_T("/\n")), WStrView(_T("*a"))),
-                                         std::pair(WStrView(_T("/\n\xFFFF")), WStrView(_T("*"))),
-                                         std::pair(WStrView(_T("/")), WStrView(_T("*/\t\n")))));
 
 TEST(WideScan, UnitQuestionsHoldAtEveryPlace)
 {
