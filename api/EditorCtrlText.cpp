@@ -3,6 +3,7 @@
 #include "appearance/Printing.h"
 #include "editing/ClipboardText.h"
 #include "include/scrivctl3.h"
+#include "store/LineJoin.h"
 #include "zsl/text_file_stream.h"
 
 #include <algorithm>
@@ -67,21 +68,12 @@ std::uint32_t CEditorCtrl::SaveText(WCHAR* buffer) const
     if (!m_store)
         return 0;
     const std::int32_t count = m_store->line_count();
-    std::uint64_t length = 0;
-    for (std::int32_t i = 0; i < count; ++i)
-        length += static_cast<std::uint64_t>(m_store->lines[i].GetLength()) + 1;
-    // The last line feed goes, but a text that is one empty line stays as one line feed.
-    if (length > 1)
-        --length;
-    if (buffer) {
-        WCHAR* to = buffer;
-        for (std::int32_t i = 0; i < count; ++i) {
-            const CString& line = m_store->lines[i].m_text;
-            to = std::copy_n(line.c_str(), line.GetLength(), to);
-            *to++ = L'\n';  // behind the last line this is where the terminator comes, there being room for it
-        }
+    const std::int64_t joined = buffer ? JoinLines(m_store->lines, 0, count, buffer) - buffer
+                                       : JoinedLength(m_store->lines, 0, count);
+    // The last line feed gives its place to the terminator, but a text that is one empty line stays as one line feed.
+    const std::int64_t length = joined > 1 ? joined - 1 : joined;
+    if (buffer)
         buffer[length] = 0;
-    }
     return static_cast<std::uint32_t>(length + 1);
 }
 

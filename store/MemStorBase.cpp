@@ -2,6 +2,7 @@
 
 #include "diagnostics/Guarded.h"
 #include "framework/base/Exceptions.h"
+#include "store/LineJoin.h"
 
 #include <algorithm>
 #include <limits>
@@ -179,21 +180,18 @@ CString xTMemStorage::joined_lines(const xTPos& from, const xTPos& to) const
         const WStrView tail = lines[line].m_text.view().substr(static_cast<std::size_t>(column));
         return line == to.line ? tail.substr(0, static_cast<std::size_t>(to.col) + 1) : tail;
     };
-    std::int64_t length = std::max(to.line - from.line, 0);
-    for (std::int32_t line = from.line; line <= to.line; ++line)
-        length += static_cast<std::int64_t>(part(line).size());
+    if (from.line > to.line)
+        return {};
+    const WStrView head = part(from.line);
+    const WStrView tail = part(to.line);
+    const std::int64_t length = static_cast<std::int64_t>(head.size() + 1 + tail.size()) +
+                                JoinedLength(lines, from.line + 1, to.line);
     if (length > std::numeric_limits<std::int32_t>::max() / 4)
         throw std::bad_alloc();
-    if (length == 0)
-        return {};
     // With room behind it: a deletion puts a zero there, and a large text is better not copied for that.
     CString text = CString::Unwritten(static_cast<std::int32_t>(length), 1);
-    WCHAR* place = text.OwnBuffer();
-    for (std::int32_t line = from.line; line <= to.line; ++line) {
-        if (line > from.line)
-            *place++ = _T('\n');
-        const WStrView piece = part(line);
-        place = std::char_traits<WCHAR>::copy(place, piece.data(), piece.size()) + piece.size();
-    }
+    WCHAR* place = std::ranges::copy(head, text.OwnBuffer()).out;
+    *place++ = _T('\n');
+    std::ranges::copy(tail, JoinLines(lines, from.line + 1, to.line, place));
     return text;
 }
