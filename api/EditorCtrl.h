@@ -43,8 +43,7 @@ public:
     // Text in and out
     bool LoadFile(const WCHAR* path, std::uint32_t* encoding);
     bool SaveFile(const WCHAR* path, std::uint32_t encoding);
-    /// @param from  how the text stands in the file that it comes from; a text from elsewhere has no such facts
-    bool LoadTextInto(const WCHAR* text, std::uint32_t maxChars, const zsl::text_encoding& from = {});
+    bool LoadTextInto(const WCHAR* text, std::uint32_t maxChars);
     std::uint32_t SaveText(WCHAR* buffer) const;
     bool GetLine(std::uint32_t line, bool fromSelection, WCHAR* buffer, std::uint32_t* length);
 
@@ -152,6 +151,8 @@ private:
 
     void TellParent(UINT message, WPARAM wParam, LPARAM lParam);
     [[nodiscard]] const RECT& ClientSeen() const noexcept;
+
+    void ShowLoadedText();
 
     // Life
     bool MakeParts();

@@ -23,12 +23,13 @@ bool CEditorCtrl::LoadFile(const WCHAR* path, std::uint32_t* encoding)
     const zsl::text_encoding found = stream.get_encoding();
     if (encoding)
         *encoding = zsl::code_of_encoding(found);
-    WString text;
-    stream.read_solid_text(text);
-    stream.close();
     // An empty file leaves the old text in the control: required behaviour.
-    if (!text.empty())
-        LoadTextInto(text.c_str(), static_cast<std::uint32_t>(text.size()), found);
+    if (m_store && stream.has_text()) {
+        m_fileEncoding = found;
+        m_store->load_text(stream);
+        stream.close();
+        ShowLoadedText();
+    }
     return true;
 }
 
@@ -40,15 +41,21 @@ bool CEditorCtrl::SaveFile(const WCHAR* path, std::uint32_t encoding)
     return m_store->save_file(path, zsl::encoding_of_code(encoding).as_before(m_fileEncoding));
 }
 
-bool CEditorCtrl::LoadTextInto(const WCHAR* text, std::uint32_t maxChars, const zsl::text_encoding& from)
+bool CEditorCtrl::LoadTextInto(const WCHAR* text, std::uint32_t maxChars)
 {
     if (!m_store)
         return false;
-    m_fileEncoding = from;
+    m_fileEncoding = {};  // a text from elsewhere than a file has no marks or line ends of one
     // The lesser of `maxChars` and the text's length is tested for zero and for nothing else, so the first character
     // tells as much as the length.
     const bool hasText = text && *text && maxChars != 0;
     m_store->load_text(text, hasText ? 1 : 0);
+    ShowLoadedText();
+    return true;
+}
+
+void CEditorCtrl::ShowLoadedText()
+{
     UpdateScrollBars(3);
     if (m_store && m_store->has_selection()) {
         m_store->selection.first = m_store->selection.last = xTPos::none;
@@ -60,7 +67,6 @@ bool CEditorCtrl::LoadTextInto(const WCHAR* text, std::uint32_t maxChars, const 
     }
     Invalidate();
     UpdateNow();
-    return true;
 }
 
 std::uint32_t CEditorCtrl::SaveText(WCHAR* buffer) const

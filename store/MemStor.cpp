@@ -14,12 +14,12 @@ namespace {
 // The most characters that a text may grow to when its tabs become spaces.
 constexpr std::size_t expansionLimit = std::size_t{1} << 30;
 
-WString ExpandTabs(WStrView text, std::int32_t spaces)
+WString ExpandTabs(WStrView text, std::int32_t spaces, std::size_t limit)
 {
     const auto width = static_cast<std::size_t>(spaces);
     const auto tabs = static_cast<std::size_t>(std::count(text.begin(), text.end(), _T('\t')));
     const std::size_t length = text.size() - tabs + tabs * width;
-    if (length > expansionLimit)
+    if (length > limit)
         throw std::bad_alloc();
     WString expanded(length, _T(' '));
     auto to = expanded.begin();
@@ -52,30 +52,63 @@ bool xTMemStorage::load_text(const WCHAR* text, std::int32_t length)
         const WStrView source(text, facts.length);
         // Before the lines come: those of a load that fails half way must not count as marked.
         comments_valid = false;
+        xTStringSlabs slabs;
         if (facts.hasTab && attribs && !attribs->m_keepTabs) {
-            const WString expanded = ExpandTabs(source, attribs->TabSpaces());
-            cut_lines(expanded, SurveyText(expanded.c_str(), loadLimit).lines);
+            const WString expanded = ExpandTabs(source, attribs->TabSpaces(), expansionLimit);
+            lines.Reserve(SurveyText(expanded.c_str(), loadLimit).lines);
+            cut_lines(expanded, slabs);
         } else {
-            cut_lines(source, facts.lines);
+            lines.Reserve(facts.lines);
+            cut_lines(source, slabs);
         }
-        if (facts.hasStar)
-            rescan_comments();
-        else
-            finish_rescan(true);  // new lines hold no marks, and without a star there is no comment to find
+        finish_load(facts.hasStar);
         return true;
     });
 }
 
-// Appends the lines of a text; `count` is how many there will be.
-void xTMemStorage::cut_lines(WStrView text, std::int64_t count)
+bool xTMemStorage::load_text(zsl::text_file_stream& file)
 {
-    lines.Reserve(count);
-    xTStringSlabs slabs;
+    return Guarded(false, [&] {
+        reset();
+        comments_valid = false;
+        lines.Reserve(static_cast<std::int64_t>(file.feeds()) + 1);
+        xTStringSlabs slabs;
+        std::size_t left = expansionLimit;
+        bool hasStar = false;
+        for (WStrView piece = file.read_piece(); !piece.empty(); piece = file.read_piece()) {
+            hasStar = hasStar || FindUnit(piece, _T('*'), 0) < piece.size();
+            if (attribs && !attribs->m_keepTabs && FindUnit(piece, _T('\t'), 0) < piece.size()) {
+                const WString expanded = ExpandTabs(piece, attribs->TabSpaces(), left);
+                left -= expanded.size();
+                cut_lines(expanded, slabs);
+            } else {
+                left -= std::min(left, piece.size());
+                cut_lines(piece, slabs);
+            }
+        }
+        finish_load(hasStar);
+        return true;
+    });
+}
+
+// Appends the lines of a text.
+void xTMemStorage::cut_lines(WStrView text, xTStringSlabs& slabs)
+{
     xTLineCutter cutter(text, loadLimit);
     for (WStrView piece; cutter.Next(piece);) {
-        xTExtString line(slabs.Carve(piece));
-        *lines.InsertAt(lines.GetSize()) = std::move(line);
+        // A load has made room for a line to each line feed. Of long runs there are more.
+        if (lines.GetSize() == lines.GetCapacity()) [[unlikely]]
+            lines.Reserve(lines.GetSize() + lines.GetSize() / 4 + 1);
+        lines.Add(xTExtString(slabs.Carve(piece, text.size() - static_cast<std::size_t>(piece.data() - text.data()))));
     }
+}
+
+void xTMemStorage::finish_load(bool hasStar)
+{
+    if (hasStar)
+        rescan_comments();
+    else
+        finish_rescan(true);  // new lines hold no marks, and without a star there is no comment to find
 }
 
 bool xTMemStorage::save_file(const WCHAR* path, std::uint32_t encoding)

@@ -20,6 +20,7 @@ struct xTPrintSetup;
 struct xTReplacedText;
 namespace zsl {
 class text_encoding;
+class text_file_stream;
 }
 
 /// The document of one control: its lines, the caret, the selection and the validity of the comment marks. It stands
@@ -43,6 +44,8 @@ public:
     /// Replaces the text. `text` is read up to its terminator; `length` says only whether there is a text, so a caller
     /// need not count it.
     bool load_text(const WCHAR* text, std::int32_t length);
+    /// The same with the text of a file, which is cut into lines as it is decoded.
+    bool load_text(zsl::text_file_stream& file);
     /// @param encoding an API code, 0 to 5 @return false when the file could not be written; it is then as it was
     bool save_file(const WCHAR* path, std::uint32_t encoding);
     /// The same with an encoding that carries what is known of the file, such as its line ends.
@@ -225,7 +228,8 @@ public:
 
 private:
     [[nodiscard]] bool has_line(std::int32_t line) const noexcept { return line >= 0 && line < line_count(); }
-    void cut_lines(WStrView text, std::int64_t count);
+    void cut_lines(WStrView text, xTStringSlabs& slabs);
+    void finish_load(bool hasStar);
     void put_on_line(xTPos& pos, std::int32_t line) const;
     [[nodiscard]] CString piece_of_line(const xTPos& from, std::int32_t last) const;
     [[nodiscard]] CString joined_lines(const xTPos& from, const xTPos& to) const;

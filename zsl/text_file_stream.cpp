@@ -3,11 +3,12 @@
 #include "zsl/byte_order_mark.h"
 #include "zsl/line_ends.h"
 #include "zsl/replacing_file.h"
-#include "zsl/text_decoder.h"
 #include "zsl/text_encoder.h"
+#include "zsl/text_pieces.h"
 #include "zsl/whole_file.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace zsl {
@@ -25,6 +26,11 @@ constexpr bool looks_like_a_mark(WCHAR ch, const text_encoding& encoding) noexce
 }
 
 }  // namespace
+
+struct text_file_stream::read_state {
+    whole_file file;  // what the pieces are made of
+    text_pieces pieces;
+};
 
 text_file_stream::text_file_stream(const WString& path, file_stream_mode mode, const text_encoding& encoding)
     : m_encoding(encoding), m_mode(mode)
@@ -44,14 +50,14 @@ void text_file_stream::open_for_reading(const WString& path)
     xTFile file;
     if (path.empty() || path.find(WCHAR{}) != path.npos || !file.OpenToRead(path))
         return;
-    const whole_file whole = read_whole(file, longest);
+    whole_file whole = read_whole(file, longest);
     if (!whole.read)
         return;
-    auto decoded = decode_text(whole.bytes(), m_encoding);
-    if (!decoded)
+    std::optional<text_pieces> pieces = text_pieces::of(whole.bytes(), m_encoding);
+    if (!pieces)
         return;
-    m_text = std::move(decoded->text);
-    m_encoding = decoded->encoding;
+    m_encoding = pieces->encoding();
+    m_reading.reset(new read_state{std::move(whole), std::move(*pieces)});
     m_open = true;
 }
 
@@ -66,10 +72,25 @@ void text_file_stream::open_for_writing(const WString& path)
 bool text_file_stream::read_solid_text(WString& out)
 {
     out.clear();
-    if (!m_open || m_mode != file_stream_mode::read)
+    if (!m_reading)
         return false;
-    out.swap(m_text);
+    out = m_reading->pieces.rest();
     return true;
+}
+
+std::size_t text_file_stream::feeds() const noexcept
+{
+    return m_reading ? m_reading->pieces.feeds() : 0;
+}
+
+bool text_file_stream::has_text() const noexcept
+{
+    return m_reading && !m_reading->pieces.at_end();
+}
+
+WStrView text_file_stream::read_piece()
+{
+    return m_reading ? m_reading->pieces.next() : WStrView();
 }
 
 void text_file_stream::write(WStrView text)
@@ -142,7 +163,7 @@ bool text_file_stream::close()
 {
     const bool wasOpen = std::exchange(m_open, false);
     if (m_mode != file_stream_mode::write) {
-        m_text = {};
+        m_reading.reset();
         return wasOpen;
     }
     if (m_file && !m_started && m_text.empty() && m_encoding.found_mark())

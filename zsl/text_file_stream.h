@@ -36,7 +36,15 @@ public:
     /// has the one that was asked for. Writing: the encoding that was given.
     [[nodiscard]] const text_encoding& get_encoding() const noexcept { return m_encoding; }
 
-    /// Hands over the whole text, once; later calls give an empty one. The line ends are plain line feeds where
+    /// How many line feeds the text has that was opened for reading.
+    [[nodiscard]] std::size_t feeds() const noexcept;
+    /// False when no text is left to be handed over.
+    [[nodiscard]] bool has_text() const noexcept;
+    /// Hands over the next piece of the text, as read_solid_text gives it; it ends behind a line feed or with the text,
+    /// and stands until the next call. For large files, since no room is needed for all of the text.
+    /// @return nothing at its end and when the stream is not open for reading
+    [[nodiscard]] WStrView read_piece();
+    /// Hands over the whole text, or what is left of it, once; later calls give an empty one. The line ends are plain line feeds where
     /// the file has nothing but CR LF, else they are as they stand.
     /// @return false when the stream is not open for reading
     bool read_solid_text(WString& out);
@@ -67,7 +75,9 @@ private:
     file_stream_mode m_mode;
     bool m_open = false;
     bool m_started = false;  // something has been encoded, and the mark before it
-    WString m_text;          // reading: the whole text; writing: what has not been encoded yet
+    struct read_state;
+    std::unique_ptr<read_state> m_reading;  // null when not open for reading
+    WString m_text;          // writing: what has not been encoded yet
     std::string m_bytes;     // writing: encoded, not yet in the file
     std::unique_ptr<replacing_file> m_file;  // null when not writing or when something has failed
 };

@@ -145,64 +145,71 @@ char* narrow_one(const WCHAR*& p, const WCHAR* end, char* out) noexcept
     return put(out, code, 2);
 }
 
-}  // namespace
-
-utf8_facts look_at_utf8(std::string_view bytes) noexcept
+// Looks at the characters that begin before `stop`.
+// Returns the place behind them, null when one of them is none.
+const byte* look_at_piece(const byte* p, const byte* stop, const byte* end, utf8_facts& facts) noexcept
 {
-    const auto* p = reinterpret_cast<const byte*>(bytes.data());
-    const auto* const end = p + bytes.size();
-    utf8_facts facts{true, true, 0};
-    while (p != end) {
+    while (p < stop) {
         const std::size_t left = static_cast<std::size_t>(end - p);
         if (left >= step && ascii_step(p)) {
             p += step;
             facts.units += step;
             continue;
         }
-        const auto* const stop = p + std::min(left, step);
-        while (p < stop) {
+        const auto* const behind = p + std::min(left, step);
+        while (p < behind) {
             const std::size_t length = valid_length(p, end);
             if (length == 0)
-                return {false, false, 0};
+                return nullptr;
             facts.ascii = facts.ascii && length == 1;
             facts.units += length < 4 ? 1 : 2;
             p += length;
         }
     }
+    return p;
+}
+
+}  // namespace
+
+utf8_facts look_at_utf8(std::string_view bytes) noexcept
+{
+    constexpr std::size_t pieceBytes = 16384;  // in the nearest cache between the two looks
+    const auto* const begin = reinterpret_cast<const byte*>(bytes.data());
+    const auto* const end = begin + bytes.size();
+    utf8_facts facts{true, true, 0, {}};
+    for (const auto* p = begin; p != end;) {
+        const auto* const from = p;
+        p = look_at_piece(p, p + std::min(static_cast<std::size_t>(end - p), pieceBytes), end, facts);
+        if (!p)
+            return {};
+        facts.ends.count(bytes.substr(static_cast<std::size_t>(from - begin), static_cast<std::size_t>(p - from)));
+    }
     return facts;
 }
 
-std::size_t whole_utf8(std::string_view bytes, std::size_t most) noexcept
+WCHAR* widen_utf8(std::string_view bytes, WCHAR* out) noexcept
 {
-    if (bytes.size() <= most)
-        return bytes.size();
-    while (goes_on(static_cast<byte>(bytes[most])))
-        --most;
-    return most;
+    const auto* p = reinterpret_cast<const byte*>(bytes.data());
+    const auto* const end = p + bytes.size();
+    while (p != end) {
+        const std::size_t left = static_cast<std::size_t>(end - p);
+        if (left >= step && ascii_step(p)) {
+            widen_step(p, out);
+            p += step;
+            out += step;
+            continue;
+        }
+        for (const auto* const stop = p + std::min(left, step); p < stop;)
+            out = widen_one(p, out);
+    }
+    return out;
 }
 
 void append_wide_of_utf8(std::string_view bytes, WString& text)
 {
-    constexpr std::size_t room = 8192;
-    WCHAR piece[room];
-    const auto* p = reinterpret_cast<const byte*>(bytes.data());
-    const auto* const end = p + bytes.size();
-    while (p != end) {
-        WCHAR* out = piece;
-        while (p != end && out <= piece + room - step) {
-            const std::size_t left = static_cast<std::size_t>(end - p);
-            if (left >= step && ascii_step(p)) {
-                widen_step(p, out);
-                p += step;
-                out += step;
-                continue;
-            }
-            // `step` bytes are never more than `step` characters, so the room is enough.
-            for (const auto* const stop = p + std::min(left, step - 3); p < stop;)
-                out = widen_one(p, out);
-        }
-        text.append(piece, static_cast<std::size_t>(out - piece));
-    }
+    const std::size_t before = text.size();
+    text.resize(before + bytes.size());
+    text.resize(static_cast<std::size_t>(widen_utf8(bytes, text.data() + before) - text.data()));
 }
 
 void append_utf8(WStrView text, std::string& bytes)

@@ -1,5 +1,6 @@
 #include "store/WideScan.h"
 
+#include "store/LineCutter.h"
 #include "tests/support/ExactText.h"
 
 #include <gtest/gtest.h>
@@ -78,6 +79,20 @@ TEST(WideScan, PairSearchEqualsThePlainOne)
         const std::size_t expected = text.find(_T("*/"), static_cast<std::size_t>(std::max(from, 0)));
         const std::int32_t hit = FindPair({exact.c_str(), text.size()}, _T('*'), _T('/'), from);
         ASSERT_EQ(hit, static_cast<std::int32_t>(expected));
+    }
+}
+
+TEST(WideScan, AWalkTellsEveryPlaceOnce)
+{
+    std::mt19937 random(8);
+    for (std::size_t round = 0; round < 3000; ++round) {
+        const WString text = RandomText(random, round % 10 == 0 ? 400 : 70);
+        const xTExactText exact(text, round % 9);
+        xTUnitWalk walk({exact.c_str(), text.size()}, _T('\n'));
+        for (std::size_t at = text.find(_T('\n')); at != WString::npos; at = text.find(_T('\n'), at + 1))
+            ASSERT_EQ(walk.Next(), at);
+        ASSERT_EQ(walk.Next(), text.size());
+        ASSERT_EQ(walk.Next(), text.size());
     }
 }
 
