@@ -230,16 +230,10 @@ void CEditorCtrl::NotifyHost(bool changed, std::int32_t value)
     TellParent(ED_NOTIFY_CARET, changed, value ? value : PackedCaret());
 }
 
-// A parent that has gone, or none at all, gets nothing. One of this thread gets either message before the call returns, and
-// SendMessageW goes the shorter way, on which an exception of the host comes out here. A replace-all tells of each match.
+// A parent that has gone, or none at all, gets nothing: the sending itself asks whether it is a window.
 void CEditorCtrl::TellParent(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (const HWND parent = ::GetParent(m_hWnd); parent != m_parent.window)
-        m_parent = {parent, ::GetWindowThreadProcessId(parent, nullptr) == ::GetCurrentThreadId()};
-    if (m_parent.isOfThisThread)
-        Guarded([&] { ::SendMessageW(m_parent.window, message, wParam, lParam); });
-    else if (::IsWindow(m_parent.window))
-        ::SendNotifyMessageW(m_parent.window, message, wParam, lParam);
+    ::SendNotifyMessageW(::GetParent(m_hWnd), message, wParam, lParam);
     m_invalid.Forget();
 }
 

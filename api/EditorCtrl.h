@@ -329,11 +329,6 @@ private:
     xTPosRange m_dragRange{{0, 0}, {0, 0}};  // the selection as it stood when a drag began
     COleDataSource m_dragData;
 
-    struct {
-        HWND window = nullptr;
-        bool isOfThisThread = false;
-    } m_parent;  // as it was told last
-
     zsl::text_encoding m_fileEncoding;  // of the file that the text came from: its mark and line ends go back into a save
     xTFindReplace m_find{this};
     xTCaret m_caret;
