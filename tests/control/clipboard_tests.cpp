@@ -3,6 +3,7 @@
 #include "tests/support/win/ControlHost.h"
 #include "tests/support/win/HostLog.h"
 #include "tests/support/win/KeyDriver.h"
+#include "tests/support/win/MarkedControl.h"
 
 #include <gtest/gtest.h>
 
@@ -102,14 +103,14 @@ protected:
     ControlHost host;
     HWND control = host.Show(L"");
 
-    void given(std::string_view text) { keys::GivenMarked(control, text); }
-    std::string marked() const { return keys::Marked(control); }
+    void given(std::wstring_view text) { GivenMarked(control, text); }
+    std::wstring marked() const { return Marked(control); }
     BOOL exec(int code) { return edExecCommand(control, code); }
 };
 
 TEST_F(SystemClipboard, CopyingTwoLinesWritesOneCarriageReturnAndLineFeedAndATerminator)
 {
-    given("a[bc\nd]|e");
+    given(L"a[bc\nd]|e");
     exec(ED_COMMAND_COPY);
     const Opened opened;
     EXPECT_EQ(::EnumClipboardFormats(0), static_cast<UINT>(CF_UNICODETEXT));
@@ -124,7 +125,7 @@ TEST_F(SystemClipboard, CopyingWithoutASelectionDoesNotOpenIt)
 {
     SetText(L"old");
     const DWORD number = ::GetClipboardSequenceNumber();
-    given("a|b");
+    given(L"a|b");
     exec(ED_COMMAND_COPY);
     exec(ED_COMMAND_COPY_APPEND);
     EXPECT_EQ(::GetClipboardSequenceNumber(), number);
@@ -134,7 +135,7 @@ TEST_F(SystemClipboard, CopyingWithoutASelectionDoesNotOpenIt)
 TEST_F(SystemClipboard, AnEmptySelectionLeavesWhatItHolds)
 {
     SetText(L"old");
-    given("|");
+    given(L"|");
     exec(ED_COMMAND_SELECT_ALL);
     ASSERT_EQ(edGetMode(control, ED_MODE_SELECTION), 1);
     exec(ED_COMMAND_COPY);
@@ -147,7 +148,7 @@ TEST_F(SystemClipboard, AppendingToAnEmptyOneGivesJustTheSelection)
         const Opened opened;
         ::EmptyClipboard();
     }
-    given("a[bc]|d");
+    given(L"a[bc]|d");
     exec(ED_COMMAND_COPY_APPEND);
     EXPECT_EQ(Text(), L"bc");
 }
@@ -155,7 +156,7 @@ TEST_F(SystemClipboard, AppendingToAnEmptyOneGivesJustTheSelection)
 TEST_F(SystemClipboard, AppendingPutsALineBreakBetween)
 {
     SetText(L"one\r\ntwo");
-    given("a[b\nc]|d");
+    given(L"a[b\nc]|d");
     exec(ED_COMMAND_COPY_APPEND);
     EXPECT_EQ(Text(), L"one\r\ntwo\r\nb\r\nc");
 }
@@ -163,9 +164,9 @@ TEST_F(SystemClipboard, AppendingPutsALineBreakBetween)
 TEST_F(SystemClipboard, APasteKeepsOneBreakALineAndDropsALoneCarriageReturn)
 {
     SetText(L"a\r\nb\rc\nd");
-    given("|");
+    given(L"|");
     exec(ED_COMMAND_PASTE);
-    EXPECT_EQ(marked(), "a\nbc\nd|");
+    EXPECT_EQ(marked(), L"a\nbc\nd|");
 }
 
 TEST_F(SystemClipboard, CyrillicGoesOutAndComesBack)
@@ -187,14 +188,14 @@ TEST_F(SystemClipboard, TheFormatListedFirstIsPasted)
         Put(CF_TEXT, "bytes", 6);
         Put(CF_UNICODETEXT, L"wide", 10);
     }
-    given("|");
+    given(L"|");
     exec(ED_COMMAND_PASTE);
-    EXPECT_EQ(marked(), "bytes|");
+    EXPECT_EQ(marked(), L"bytes|");
 }
 
 TEST_F(SystemClipboard, ClosesTheClipboardBehindEachCommand)
 {
-    given("[ab]|");
+    given(L"[ab]|");
     for (const int code : {ED_COMMAND_COPY, ED_COMMAND_COPY_APPEND, ED_COMMAND_PASTE, ED_COMMAND_CUT}) {
         exec(code);
         edCanExecCommand(control, ED_COMMAND_PASTE);
@@ -205,7 +206,7 @@ TEST_F(SystemClipboard, ClosesTheClipboardBehindEachCommand)
 TEST_F(SystemClipboard, CopyingWaitsForAShortHolder)
 {
     SetText(L"old");
-    given("[new]|");
+    given(L"[new]|");
     {
         const Holder holder(150);
         exec(ED_COMMAND_COPY);
@@ -216,7 +217,7 @@ TEST_F(SystemClipboard, CopyingWaitsForAShortHolder)
 TEST_F(SystemClipboard, ALongHolderMakesCopyingReportAndNothingElse)
 {
     SetText(L"old");
-    given("[new]|");
+    given(L"[new]|");
     const HostLog log;
     {
         const Holder holder(2500);
@@ -224,7 +225,7 @@ TEST_F(SystemClipboard, ALongHolderMakesCopyingReportAndNothingElse)
         EXPECT_EQ(exec(ED_COMMAND_COPY), 1);
         EXPECT_GE(::GetTickCount64() - start, 450u);
         EXPECT_EQ(exec(ED_COMMAND_PASTE), 0);  // what cannot be asked ends the command
-        EXPECT_EQ(marked(), "[new]|");
+        EXPECT_EQ(marked(), L"[new]|");
     }
     EXPECT_NE(log.News().find("can't open clipboard"), std::string::npos);
     EXPECT_EQ(Text(), L"old");

@@ -2,6 +2,7 @@
 
 #include "tests/support/win/ControlHost.h"
 #include "tests/support/win/KeyDriver.h"
+#include "tests/support/win/MarkedControl.h"
 
 #include <gtest/gtest.h>
 
@@ -82,8 +83,8 @@ protected:
             edDestroyCtrl(control);
         control = host.Show(L"", params);
     }
-    void given(std::string_view text) { GivenMarked(control, text); }
-    std::string marked() const { return Marked(control); }
+    void given(std::wstring_view text) { GivenMarked(control, text); }
+    std::wstring marked() const { return Marked(control); }
     BOOL exec(int code) { return edExecCommand(control, code); }
     BOOL can(int code) { return edCanExecCommand(control, code); }
     void setState(unsigned state)
@@ -91,7 +92,7 @@ protected:
         edCreateParams params{};
         params.flags = state & readOnly ? ED_CREATE_READONLY : 0;
         show(params);
-        given(state & selection ? "one [two]|\nthree" : "one two|\nthree");
+        given(state & selection ? L"one [two]|\nthree" : L"one two|\nthree");
         if (!(state & focus))
             ::SetFocus(host.Window());
     }
@@ -166,7 +167,7 @@ TEST_F(Commands, FindNextWithoutARememberedSearchAnswersZero)
 
 TEST_F(Commands, UndoAndRedoTellTheHostOfTheChange)
 {
-    given("ab|");
+    given(L"ab|");
     Type(control, L'c');
     for (const int code : {ED_COMMAND_UNDO, ED_COMMAND_REDO}) {
         host.Forget();
@@ -180,7 +181,7 @@ TEST_F(Commands, UndoAndRedoTellTheHostOfTheChange)
 
 TEST_F(Commands, ThreeHundredStepsCanBeUndone)
 {
-    given("|\nx");
+    given(L"|\nx");
     for (int i = 0; i < 301; ++i)
         Type(control, L'a');
     for (int i = 0; i < 300; ++i)
@@ -191,7 +192,7 @@ TEST_F(Commands, ThreeHundredStepsCanBeUndone)
 
 TEST_F(Commands, LoadingATextForgetsUndoAndRedo)
 {
-    given("ab|");
+    given(L"ab|");
     Type(control, L"cd");
     exec(ED_COMMAND_UNDO);
     edLoadText(control, L"new", 0xFFFFFFFF);
@@ -201,9 +202,9 @@ TEST_F(Commands, LoadingATextForgetsUndoAndRedo)
 
 TEST_F(Commands, CutTakesTheSelectionToTheClipboardInOneStep)
 {
-    given("a[b\nc]|d");
+    given(L"a[b\nc]|d");
     exec(ED_COMMAND_CUT);
-    EXPECT_EQ(marked(), "a|d");
+    EXPECT_EQ(marked(), L"a|d");
     EXPECT_EQ(Clipboard(), L"b\r\nc");
     exec(ED_COMMAND_UNDO);
     EXPECT_EQ(TextOf(control), L"ab\ncd");
@@ -216,7 +217,7 @@ TEST_F(Commands, CutOnAReadOnlyControlAnswersOneAndDoesNothing)
     SetClipboard(L"old");
     EXPECT_EQ(exec(ED_COMMAND_CUT), 1);
     EXPECT_EQ(can(ED_COMMAND_CUT), 0);
-    EXPECT_EQ(marked(), "one [two]|\nthree");
+    EXPECT_EQ(marked(), L"one [two]|\nthree");
     EXPECT_EQ(Clipboard(), L"old");
 }
 
@@ -230,9 +231,9 @@ TEST_F(Commands, AReadOnlyTextCanBeCopied)
 TEST_F(Commands, PasteOverASelectionIsTwoSteps)
 {
     SetClipboard(L"x\r\ny");
-    given("a[b]|c");
+    given(L"a[b]|c");
     EXPECT_EQ(exec(ED_COMMAND_PASTE), 1);
-    EXPECT_EQ(marked(), "ax\ny|c");
+    EXPECT_EQ(marked(), L"ax\ny|c");
     exec(ED_COMMAND_UNDO);
     EXPECT_EQ(TextOf(control), L"ac");
     exec(ED_COMMAND_UNDO);
@@ -242,17 +243,17 @@ TEST_F(Commands, PasteOverASelectionIsTwoSteps)
 TEST_F(Commands, PasteWithoutATextOnTheClipboardDoesNothing)
 {
     SetClipboard(nullptr);
-    given("a[b]|c");
+    given(L"a[b]|c");
     EXPECT_EQ(can(ED_COMMAND_PASTE), 0);
     EXPECT_EQ(exec(ED_COMMAND_PASTE), 1);
-    EXPECT_EQ(marked(), "a[b]|c");
+    EXPECT_EQ(marked(), L"a[b]|c");
 }
 
 TEST_F(Commands, SelectAllPutsTheCaretAtTheStart)
 {
-    given("ab\ncd|");
+    given(L"ab\ncd|");
     exec(ED_COMMAND_SELECT_ALL);
-    EXPECT_EQ(marked(), "|[ab\ncd]");
+    EXPECT_EQ(marked(), L"|[ab\ncd]");
 }
 
 TEST_F(Commands, ToggleOverwriteNeedsNoFocus)
@@ -265,21 +266,21 @@ TEST_F(Commands, ToggleOverwriteNeedsNoFocus)
 
 TEST_F(Commands, ClearSelectionLeavesTheCaret)
 {
-    given("a|[bc]d");
+    given(L"a|[bc]d");
     exec(ED_COMMAND_CLEAR_SELECTION);
-    EXPECT_EQ(marked(), "a|bcd");
+    EXPECT_EQ(marked(), L"a|bcd");
 }
 
 TEST_F(Commands, SelectToTheLineEndLeavesTheCaret)
 {
-    given("  a|bc\nd");
+    given(L"  a|bc\nd");
     exec(ED_COMMAND_SELECT_TO_LINE_END);
-    EXPECT_EQ(marked(), "  a|[bc]\nd");
+    EXPECT_EQ(marked(), L"  a|[bc]\nd");
 }
 
 TEST_F(Commands, SelectToTheLineEndAtItStoresTheFirstBehindTheLast)
 {
-    given("abc|\nd");
+    given(L"abc|\nd");
     exec(ED_COMMAND_SELECT_TO_LINE_END);
     edPoint first{};
     edPoint last{};
@@ -293,10 +294,10 @@ TEST_F(Commands, SelectToTheLineEndAtItStoresTheFirstBehindTheLast)
 
 TEST_F(Commands, InsertedTextReplacesTheSelectionAndIsOneStep)
 {
-    given("a[bc]|d");
+    given(L"a[bc]|d");
     host.Forget();
     EXPECT_EQ(edInsertText(control, L"x\r\ny\rz"), 1);
-    EXPECT_EQ(marked(), "ax\nyz|d");
+    EXPECT_EQ(marked(), L"ax\nyz|d");
     EXPECT_EQ(host.Of(ED_NOTIFY_CARET).back().wParam, 1u);
     exec(ED_COMMAND_UNDO);
     EXPECT_EQ(TextOf(control), L"ad");
@@ -306,13 +307,13 @@ TEST_F(Commands, InsertedTextReplacesTheSelectionAndIsOneStep)
 
 TEST_F(Commands, InsertingNothingAnswersOne)
 {
-    given("a[b]|c");
+    given(L"a[b]|c");
     EXPECT_EQ(edInsertText(control, nullptr), 1);
     EXPECT_EQ(edInsertText(control, L""), 1);
-    EXPECT_EQ(marked(), "a[b]|c");
+    EXPECT_EQ(marked(), L"a[b]|c");
     setState(readOnly | selection);
     EXPECT_EQ(edInsertText(control, L"x"), 1);
-    EXPECT_EQ(marked(), "one [two]|\nthree");
+    EXPECT_EQ(marked(), L"one [two]|\nthree");
 }
 
 // ---- Copied text
@@ -323,11 +324,11 @@ TEST_F(Commands, CopyDataBringsTextAndMarksAndKeepsTheCaret)
     edSetBreakPoint(source, 1);
     edSetExecPoint(source, 2);
     edSetCaretPosition(source, 2, 5);
-    given("abc\ndef|");
+    given(L"abc\ndef|");
     Type(control, L'g');
     ::SetFocus(source);
     EXPECT_EQ(edCopyData(source, control), 1);
-    EXPECT_EQ(marked(), "first\nseco|nd\nthird");
+    EXPECT_EQ(marked(), L"first\nseco|nd\nthird");
     EXPECT_EQ(edGetBreakPointLine(control, 0), 1);
     EXPECT_EQ(can(ED_COMMAND_UNDO), 0);
     EXPECT_EQ(::GetFocus(), control);
@@ -338,19 +339,19 @@ TEST_F(Commands, CopyDataBringsTextAndMarksAndKeepsTheCaret)
 
 TEST_F(Commands, CopyDataIntoItselfOnlyForgetsUndo)
 {
-    given("ab|");
+    given(L"ab|");
     Type(control, L'c');
     EXPECT_EQ(edCopyData(control, control), 1);
-    EXPECT_EQ(marked(), "abc|");
+    EXPECT_EQ(marked(), L"abc|");
     EXPECT_EQ(can(ED_COMMAND_UNDO), 0);
 }
 
 TEST_F(Commands, CopyDataWithOneBadHandleAnswersZero)
 {
-    given("ab|");
+    given(L"ab|");
     EXPECT_EQ(edCopyData(control, host.Window()), 0);
     EXPECT_EQ(edCopyData(nullptr, control), 0);
-    EXPECT_EQ(marked(), "ab|");
+    EXPECT_EQ(marked(), L"ab|");
 }
 
 }  // namespace

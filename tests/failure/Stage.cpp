@@ -2,6 +2,7 @@
 
 #include "tests/failure/Fault.h"
 #include "tests/support/SettingsBytes.h"
+#include "tests/support/win/MarkedControl.h"
 #include "tests/support/win/Pointer.h"
 
 #include <commdlg.h>
@@ -54,7 +55,7 @@ void Stage::Begin(const std::wstring& marked)
     params.settings = &block;
     params.highlightHook = &hook;
     control = host.Create(params);
-    Give(control, marked);  // while it is hidden: it paints itself once for all
+    GivenMarked(control, marked);  // while it is hidden: it paints itself once for all
     ::ShowWindow(control, SW_SHOW);
     ::SetFocus(control);
     ::UpdateWindow(control);

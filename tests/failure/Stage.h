@@ -18,7 +18,7 @@ public:
     Stage& operator=(const Stage&) = delete;
     ~Stage();
 
-    /// Makes `control` with a text as Give() takes it, shown and focused; nothing else is left of the last run.
+    /// Makes `control` with a text as GivenMarked() takes it, shown and focused; nothing else is left of the last run.
     void Begin(const std::wstring& marked);
     /// Ends whatever is left of a run.
     void End();

@@ -2,6 +2,7 @@
 
 #include "tests/support/win/ControlHost.h"
 #include "tests/support/win/DragData.h"
+#include "tests/support/win/MarkedControl.h"
 #include "tests/support/win/Pointer.h"
 
 #include <gtest/gtest.h>

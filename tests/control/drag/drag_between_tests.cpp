@@ -9,8 +9,8 @@ namespace {
 // ---- Between controls
 TEST_F(DragBetween, AMoveIsAStepInEach)
 {
-    Give(other, L"|uvw");
-    Give(control, L"a[bc]|def");
+    GivenMarked(other, L"|uvw");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), other, At(0, 2)));
     EXPECT_EQ(Marked(control), L"a|def");
     // A move from elsewhere deletes the target's own range too, which is its first character before any drag there.
@@ -26,10 +26,10 @@ TEST_F(DragBetween, AMoveIsAStepInEach)
 
 TEST_F(DragBetween, ASecondMoveIntoTheSameControlDeletesNothingThere)
 {
-    Give(other, L"|uvw");
-    Give(control, L"a[bc]|def");
+    GivenMarked(other, L"|uvw");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), other, At(0, 2)));
-    Give(control, L"[gh]|i");
+    GivenMarked(control, L"[gh]|i");
     LetDoubleClickTimePass();
     EXPECT_TRUE(dragTo(At(0, 1), other, At(0, 0)));
     EXPECT_EQ(TextOf(other), L"ghvbcw");
@@ -37,8 +37,8 @@ TEST_F(DragBetween, ASecondMoveIntoTheSameControlDeletesNothingThere)
 
 TEST_F(DragBetween, ACopyLeavesTheSource)
 {
-    Give(other, L"|uvw");
-    Give(control, L"a[bc]|def");
+    GivenMarked(other, L"|uvw");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), other, At(0, 2), true));
     EXPECT_EQ(TextOf(control), L"abcdef");
     EXPECT_EQ(TextOf(other), L"uvbcw");
@@ -47,8 +47,8 @@ TEST_F(DragBetween, ACopyLeavesTheSource)
 
 TEST_F(DragBetween, TheTargetGetsTheFocusAndItsHostComesForward)
 {
-    Give(other, L"|uvw");
-    Give(control, L"a[bc]|def");
+    GivenMarked(other, L"|uvw");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), other, At(0, 2)));
     Pump(50);
     EXPECT_EQ(::GetFocus(), other);
@@ -63,7 +63,7 @@ TEST_F(DragBetween, AReadOnlyControlRefuses)
     const HWND fixed = otherHost.Show(L"fixed", params);
     ::SetWindowPos(fixed, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     edDestroyCtrl(other);
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), fixed, At(0, 2)));
     EXPECT_EQ(TextOf(fixed), L"fixed");
     EXPECT_EQ(TextOf(control), L"abcdef");
@@ -71,9 +71,9 @@ TEST_F(DragBetween, AReadOnlyControlRefuses)
 
 TEST_F(DragBetween, ACancelledDragLeavesItsRangeForAMoveFromElsewhereToDelete)
 {
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(drag(At(0, 1), {[] { ::SetCursorPos(outside.x, outside.y); }}));
-    Give(other, L"[X]|yz");
+    GivenMarked(other, L"[X]|yz");
     Steps steps{
         [this] { PutPointer(other, At(0, 0)); },
         [] { PutButton(true); },
@@ -90,8 +90,8 @@ TEST_F(DragBetween, ACancelledDragLeavesItsRangeForAMoveFromElsewhereToDelete)
 
 TEST_F(DragBetween, AMoveOutLeavesOneCharacterForAMoveFromElsewhereToDelete)
 {
-    Give(other, L"|uvw");
-    Give(control, L"a[bc]|def");
+    GivenMarked(other, L"|uvw");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), other, At(0, 3)));
     ASSERT_EQ(TextOf(control), L"adef");
     const auto target = TargetOf(control);
@@ -106,8 +106,8 @@ TEST_F(DragBetween, AMoveOutLeavesOneCharacterForAMoveFromElsewhereToDelete)
 
 TEST_F(DragBetween, AMoveOfTheMouseSentIntoTheDragLeavesItsTextAlone)
 {
-    Give(other, L"|uvw");
-    Give(control, L"a[bc]|def");
+    GivenMarked(other, L"|uvw");
+    GivenMarked(control, L"a[bc]|def");
     Steps steps{
         [&] { PutPointer(other, At(0, 2)); },
         [&] { SendMouse(control, WM_MOUSEMOVE, At(0, 1)); },
@@ -136,7 +136,7 @@ TEST_P(MeddlingDrags, LeaveTheProcessWhole)
         const HWND source = control = host.Show(L"");
         const HWND target = other = otherHost.Show(L"target");
         ::SetForegroundWindow(host.Window());
-        Give(source, L"a[bc]|def");
+        GivenMarked(source, L"a[bc]|def");
         bool done = false;
         otherHost.onMessage = [&](const ControlHost::Message& message) {
             if (onTarget && message.id == ED_DRAG_ENTER_PARENT && !std::exchange(done, true))

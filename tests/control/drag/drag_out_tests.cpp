@@ -26,7 +26,7 @@ protected:
 
 TEST_F(DragOut, AProgramThatTakesACopyLeavesTheSourceAsItIs)
 {
-    Give(control, L"a[b\nc]|d");
+    GivenMarked(control, L"a[b\nc]|d");
     EXPECT_TRUE(dragTo(At(0, 1), window, {50, 50}));
     EXPECT_EQ(foreign->dropped, std::wstring(L"b\r\nc\0", 5));  // with the terminator
     EXPECT_EQ(TextOf(control), L"ab\ncd");
@@ -37,7 +37,7 @@ TEST_F(DragOut, AProgramThatTakesACopyLeavesTheSourceAsItIs)
 TEST_F(DragOut, AProgramThatMovesHasTheSourceDeletedAsOneStep)
 {
     foreign->effect = DROPEFFECT_MOVE;
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), window, {50, 50}));
     EXPECT_EQ(foreign->dropped, std::wstring(L"bc\0", 3));
     EXPECT_EQ(Marked(control), L"a|def");
@@ -50,7 +50,7 @@ TEST_F(DragOut, AProgramMayAnswerWithAnEffectThatWasNotOffered)
 {
     foreign->onDrop = [](IDataObject*) {};
     foreign->effect = 0;
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), window, {50, 50}));
     EXPECT_EQ(TextOf(control), L"abcdef");
 }
@@ -80,7 +80,7 @@ TEST_F(DragOut, TheDataOffersUnicodeTextAndNothingElse)
         DWORD connection = 0;
         EXPECT_EQ(data->DAdvise(&bytes, 0, nullptr, &connection), OLE_E_ADVISENOTSUPPORTED);
     };
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), window, {50, 50}));
     EXPECT_EQ(foreign->dropped, std::wstring(L"bc\0", 3));
 }
@@ -89,7 +89,7 @@ TEST_F(DragOut, DataThatAProgramHoldsOnToIsEmptyAfterTheDragAndOutlivesTheContro
 {
     xTComPtr<IDataObject> held;
     foreign->onDrop = [&](IDataObject* data) { held = Shared(data); };
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), window, {50, 50}));
     ASSERT_NE(held, nullptr);
     EXPECT_EQ(UnicodeBlockOf(held.get()), L"");

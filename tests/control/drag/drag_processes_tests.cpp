@@ -12,7 +12,7 @@ TEST(OtherProcess, DISABLED_HoldsAControl)
 {
     ControlHost other(500, 200);
     const HWND control = other.Show(L"");
-    Give(control, L"u[vw]|xyz");
+    GivenMarked(control, L"u[vw]|xyz");
     ::SetWindowPos(other.Window(), HWND_TOP, 650, 20, 0, 0, SWP_NOSIZE);
     other.onMessage = [&](const ControlHost::Message& message) {
         if (message.id == ED_NOTIFY_CARET && message.wParam)
@@ -69,7 +69,7 @@ protected:
 
 TEST_F(DragBetweenProcesses, AMoveOutIsDeletedHereAndArrivesThere)
 {
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), other, At(0, 3)));
     Pump(200);
     EXPECT_EQ(TextOf(control), L"adef");
@@ -78,7 +78,7 @@ TEST_F(DragBetweenProcesses, AMoveOutIsDeletedHereAndArrivesThere)
 
 TEST_F(DragBetweenProcesses, ACopyFromThereArrivesHere)
 {
-    Give(control, L"|abcdef");
+    GivenMarked(control, L"|abcdef");
     EXPECT_TRUE(PlaySteps({
         [this] { PutPointer(other, At(0, 1)); },
         [] { PutButton(true); },

@@ -23,7 +23,7 @@ class Moves : public Drag, public testing::WithParamInterface<Move> {};
 TEST_P(Moves, AreOneUndoStep)
 {
     const Move& row = GetParam();
-    Give(control, row.before);
+    GivenMarked(control, row.before);
     std::optional<std::wstring> told;
     host.onMessage = [&](const ControlHost::Message& message) {
         if (message.id == ED_NOTIFY_CARET && message.wParam)
@@ -60,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(Each, Moves, testing::ValuesIn(rows), [](const auto& in
 
 TEST_F(Drag, EscLeavesEverythingAsItWas)
 {
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(drag(At(0, 1), {[this] { PutPointer(control, At(0, 5)); }, [] { PutKey(VK_ESCAPE, true); },
                                 [] { PutKey(VK_ESCAPE, false); }}));
     EXPECT_EQ(Marked(control), L"a[bc]de|f");  // but for the caret, which the drag has taken along
@@ -69,7 +69,7 @@ TEST_F(Drag, EscLeavesEverythingAsItWas)
 
 TEST_F(Drag, TheRightButtonCancels)
 {
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     const auto rightButton = [](DWORD flag) {
         return [flag] {
             INPUT input{};
@@ -85,7 +85,7 @@ TEST_F(Drag, TheRightButtonCancels)
 
 TEST_F(Drag, OutsideEveryWindowChangesNothing)
 {
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(drag(At(0, 1), {[] { ::SetCursorPos(outside.x, outside.y); }}));
     EXPECT_EQ(TextOf(control), L"abcdef");
     EXPECT_TRUE(edGetMode(control, ED_MODE_SELECTION));
@@ -94,7 +94,7 @@ TEST_F(Drag, OutsideEveryWindowChangesNothing)
 
 TEST_F(Drag, AfterADragAPressBeginsASelectionAgain)
 {
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), control, At(0, 5)));
     LetDoubleClickTimePass();
     MovePointer(control, At(0, 0));
@@ -128,7 +128,7 @@ TEST_F(Drag, AtTheLowerEdgeScrolls)
 // ---- A press that was let go of without a move
 TEST_F(Drag, AfterAPressWithoutAMoveTheNextMoveBeginsADragThatEndsAtOnce)
 {
-    Give(control, L"a[bc]|def");
+    GivenMarked(control, L"a[bc]|def");
     MovePointer(control, At(0, 5));  // where a drop would move the text to
     SendClick(control, At(0, 1));
     const HCURSOR arrow = ::LoadCursorW(nullptr, IDC_ARROW);
@@ -148,7 +148,7 @@ TEST_F(Drag, AReadOnlyControlStartsNone)
     params.flags = ED_CREATE_READONLY;
     const HWND fixed = host.Show(L"", params);
     ::SetWindowPos(fixed, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-    Give(fixed, L"a[bc]|def");
+    GivenMarked(fixed, L"a[bc]|def");
     EXPECT_TRUE(dragTo(At(0, 1), fixed, At(0, 5)));
     EXPECT_EQ(Marked(fixed), L"a[bcde]|f");  // it selects
 }

@@ -18,7 +18,7 @@ class Drops : public Drop, public testing::WithParamInterface<DropRow> {};
 
 TEST_P(Drops, GoInAndComeOutAgainByOneUndo)
 {
-    Give(control, GetParam().before);
+    GivenMarked(control, GetParam().before);
     const std::wstring before = TextOf(control);
     EXPECT_EQ(dropText(GetParam().text, GetParam().point), static_cast<DWORD>(DROPEFFECT_COPY));
     EXPECT_EQ(Marked(control), GetParam().after);
@@ -58,7 +58,7 @@ TEST_F(Drop, InAViewScrolledBothWaysGoesUnderThePointer)
 
 TEST_F(Drop, TheDroppedTextIsSelectedWhileTheHostIsToldAndNotAfterwards)
 {
-    Give(control, L"|abcd");
+    GivenMarked(control, L"|abcd");
     std::wstring told;
     host.onMessage = [&](const ControlHost::Message& message) {
         if (message.id == ED_NOTIFY_CARET && message.wParam)
@@ -112,7 +112,7 @@ TEST_F(Drop, TextIsTakenBeforeFiles)
 
 TEST_F(Drop, AnEmptyTextStopsTheDropThoughThereAreFiles)
 {
-    Give(control, L"a[bc]|d");
+    GivenMarked(control, L"a[bc]|d");
     data->PutFiles({L"C:\\one.txt"});
     data->PutText(L"");
     EXPECT_EQ(drop(At(0, 0)), static_cast<DWORD>(DROPEFFECT_MOVE));  // it is reported as done all the same
@@ -121,7 +121,7 @@ TEST_F(Drop, AnEmptyTextStopsTheDropThoughThereAreFiles)
 
 TEST_F(Drop, DataOfNeitherFormatDoesNothing)
 {
-    Give(control, L"a[bc]|d");
+    GivenMarked(control, L"a[bc]|d");
     data->Put(CF_TEXT, std::string("text", 5));
     EXPECT_EQ(drop(At(0, 0)), static_cast<DWORD>(DROPEFFECT_MOVE));
     EXPECT_EQ(Marked(control), L"|a[bc]d");
@@ -165,7 +165,7 @@ TEST_F(Drop, AFileListThatDoesNotEndInItsBlockIsLeftAlone)
 
 TEST_F(Drop, AMoveFromElsewhereDeletesTheFirstCharacterBeforeAnyDragAndNothingTheSecondTime)
 {
-    Give(control, L"|abcd");
+    GivenMarked(control, L"|abcd");
     EXPECT_EQ(dropText(L"XY", At(0, 2), 0), static_cast<DWORD>(DROPEFFECT_MOVE));
     EXPECT_EQ(Marked(control), L"bXY|cd");
     dropText(L"Z", At(0, 1), 0);
@@ -177,14 +177,14 @@ TEST_F(Drop, AMoveFromElsewhereDeletesTheFirstCharacterBeforeAnyDragAndNothingTh
 
 TEST_F(Drop, ACopyFromElsewhereDeletesNothing)
 {
-    Give(control, L"|abcd");
+    GivenMarked(control, L"|abcd");
     dropText(L"XY", At(0, 2), MK_CONTROL);
     EXPECT_EQ(TextOf(control), L"abXYcd");
 }
 
 TEST_F(Drop, WhileADragIsArmedADropFromElsewhereCountsAsOurOwn)
 {
-    Give(control, L"a[bcd]|efgh");
+    GivenMarked(control, L"a[bcd]|efgh");
     SendClick(control, At(0, 2));  // a press inside the selection arms a drag, and nothing disarms it
     data->PutText(L"X");
     drop(At(0, 0), MK_CONTROL);  // inside the range that stands there before the first drag

@@ -11,7 +11,7 @@ namespace {
 
 TEST_F(Drop, ATargetThatOutlivesItsControlTakesNothing)
 {
-    Give(control, L"abc");
+    GivenMarked(control, L"abc");
     data->PutText(L"x");
     edDestroyCtrl(control);
     DWORD effect = copyOrMove;

@@ -127,7 +127,7 @@ TEST_F(Drop, EnteringTellsTheParentOnce)
 
 TEST_F(Drop, MovingOverPutsTheCaretUnderThePointerAndKeepsTheSelection)
 {
-    Give(control, L"a[bc]|d\nefgh");
+    GivenMarked(control, L"a[bc]|d\nefgh");
     EXPECT_EQ(over(At(1, 2)), static_cast<DWORD>(DROPEFFECT_MOVE));
     EXPECT_EQ(Marked(control), L"a[bc]d\nef|gh");
     target->DragLeave();

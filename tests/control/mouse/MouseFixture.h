@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/support/win/ControlHost.h"
+#include "tests/support/win/MarkedControl.h"
 #include "tests/support/win/Pointer.h"
 
 #include <gtest/gtest.h>

@@ -16,7 +16,7 @@ class Clicks : public Mouse, public testing::WithParamInterface<Click> {};
 
 TEST_P(Clicks, PutTheCaret)
 {
-    Give(control, GetParam().before);
+    GivenMarked(control, GetParam().before);
     SendClick(control, GetParam().point);
     EXPECT_EQ(Marked(control), GetParam().after);
 }
@@ -31,7 +31,7 @@ const Click clicks[] = {
     {"OnAnEmptyText", L"", At(4, 4), L"|"},
     {"OutsideTheSelectionClearsIt", L"a[bc]|de", At(0, 5), L"abcde|"},
     {"OnASelectedCharacterKeepsTheSelection", L"a[bcd]|e", At(0, 2), L"a[b|cd]e"},
-    {"OnTheFirstSelectedCharacterKeepsTheSelection", L"a[bcd]|e", At(0, 1), L"a[|bcd]e"},
+    {"OnTheFirstSelectedCharacterKeepsTheSelection", L"a[bcd]|e", At(0, 1), L"a|[bcd]e"},
     {"OnTheLastSelectedCharacterKeepsTheSelection", L"a[bcd]|e", At(0, 3), L"a[bc|d]e"},
     {"JustBehindTheSelectionClearsIt", L"a[bcd]|ef", At(0, 4), L"abcd|ef"},
     {"JustAheadOfTheSelectionClearsIt", L"ab[cd]|ef", At(0, 1), L"a|bcdef"},
@@ -43,7 +43,7 @@ INSTANTIATE_TEST_SUITE_P(Each, Clicks, testing::ValuesIn(clicks), [](const auto&
 TEST_F(Mouse, APressOnAReadOnlyControlInsideTheSelectionClearsIt)
 {
     useReadOnly();
-    Give(control, L"a[bcd]|e");
+    GivenMarked(control, L"a[bcd]|e");
     down(At(0, 2));
     EXPECT_EQ(Marked(control), L"ab|cde");
     move(At(0, 4));
@@ -73,7 +73,7 @@ TEST_F(Mouse, AClickInAViewScrolledSidewaysCountsTheHiddenColumns)
 
 TEST_F(Mouse, APressTakesTheFocusAndTheCaptureAndTellsTheHost)
 {
-    Give(control, L"|abc");
+    GivenMarked(control, L"|abc");
     ::SetFocus(host.Window());
     host.Forget();
     down(At(0, 2));
@@ -89,7 +89,7 @@ TEST_F(Mouse, APressTakesTheFocusAndTheCaptureAndTellsTheHost)
 
 TEST_F(Mouse, TheOtherButtonsAreTheHostsAffair)
 {
-    Give(control, L"a[bc]|d");
+    GivenMarked(control, L"a[bc]|d");
     for (const UINT message : {WM_RBUTTONDOWN, WM_RBUTTONUP, WM_MBUTTONDOWN, WM_MBUTTONUP, WM_RBUTTONDBLCLK})
         SendMouse(control, message, At(0, 0), 0);
     EXPECT_EQ(Marked(control), L"a[bc]|d");
@@ -98,7 +98,7 @@ TEST_F(Mouse, TheOtherButtonsAreTheHostsAffair)
 
 TEST_F(Mouse, ARealClickPutsTheCaretAndItsImage)
 {
-    Give(control, L"|abcdef\nghijkl");
+    GivenMarked(control, L"|abcdef\nghijkl");
     MovePointer(control, At(1, 4));
     PressButton();
     ReleaseButton();
@@ -115,7 +115,7 @@ class DoubleClicks : public Mouse, public testing::WithParamInterface<Click> {};
 
 TEST_P(DoubleClicks, SelectAWord)
 {
-    Give(control, GetParam().before);
+    GivenMarked(control, GetParam().before);
     SendClick(control, GetParam().point);
     SendMouse(control, WM_LBUTTONDBLCLK, GetParam().point);
     EXPECT_EQ(Marked(control), GetParam().after);
@@ -138,7 +138,7 @@ INSTANTIATE_TEST_SUITE_P(Each, DoubleClicks, testing::ValuesIn(doubleClicks), []
 
 TEST_F(Mouse, ADoubleClickWithAModifierDoesNothing)
 {
-    Give(control, L"one| two");
+    GivenMarked(control, L"one| two");
     for (const WPARAM keys : {MK_LBUTTON | MK_SHIFT, MK_LBUTTON | MK_CONTROL, MK_LBUTTON | MK_RBUTTON, 0}) {
         SendMouse(control, WM_LBUTTONDBLCLK, At(0, 1), keys);
         EXPECT_EQ(Marked(control), L"one| two") << keys;
@@ -147,7 +147,7 @@ TEST_F(Mouse, ADoubleClickWithAModifierDoesNothing)
 
 TEST_F(Mouse, ARealDoubleClickSelectsTheWordAndAThirdPressIsAClick)
 {
-    Give(control, L"|one two three");
+    GivenMarked(control, L"|one two three");
     LetDoubleClickTimePass();
     MovePointer(control, At(0, 5));
     for (int press = 0; press < 2; ++press) {
@@ -164,7 +164,7 @@ TEST_F(Mouse, ARealDoubleClickSelectsTheWordAndAThirdPressIsAClick)
 
 TEST_F(Mouse, ADoubleClickInALongSelectionLeavesNoneOfItOnScreen)
 {
-    Give(control, L"[one\ntwo\nthree]|");
+    GivenMarked(control, L"[one\ntwo\nthree]|");
     SendClick(control, At(1, 1));
     SendMouse(control, WM_LBUTTONDBLCLK, At(1, 1));
     Pump();

@@ -16,7 +16,7 @@ class Sweeps : public Mouse, public testing::WithParamInterface<Sweep> {};
 
 TEST_P(Sweeps, Select)
 {
-    Give(control, GetParam().before);
+    GivenMarked(control, GetParam().before);
     down(GetParam().from);
     move(GetParam().to);
     up(GetParam().to);
@@ -25,9 +25,9 @@ TEST_P(Sweeps, Select)
 
 const Sweep sweeps[] = {
     {"Forward", L"abcdef", At(0, 1), At(0, 4), L"a[bcd]|ef"},
-    {"Backward", L"abcdef", At(0, 4), At(0, 1), L"a[|bcd]ef"},
+    {"Backward", L"abcdef", At(0, 4), At(0, 1), L"a|[bcd]ef"},
     {"DownALine", L"abc\ndef", At(0, 1), At(1, 2), L"a[bc\nde]|f"},
-    {"UpALine", L"abc\ndef", At(1, 2), At(0, 1), L"a[|bc\nde]f"},
+    {"UpALine", L"abc\ndef", At(1, 2), At(0, 1), L"a|[bc\nde]f"},
     {"ToTheLineStartTakesTheBreak", L"abc\ndef", At(0, 1), At(1, 0), L"a[bc\n]|def"},
     {"OverAnOldSelection", L"[ab]|cdef", At(0, 4), At(0, 6), L"abcd[ef]|"},
     {"WithoutMovingNothing", L"abcdef", At(0, 3), At(0, 3), L"abc|def"},
@@ -37,7 +37,7 @@ INSTANTIATE_TEST_SUITE_P(Each, Sweeps, testing::ValuesIn(sweeps), [](const auto&
 
 TEST_F(Mouse, AMoveWithoutTheButtonSelectsNothing)
 {
-    Give(control, L"|abcdef");
+    GivenMarked(control, L"|abcdef");
     move(At(0, 3), 0);
     move(At(0, 3));  // the button is said to be down, but no press came before
     EXPECT_EQ(Marked(control), L"|abcdef");
@@ -45,7 +45,7 @@ TEST_F(Mouse, AMoveWithoutTheButtonSelectsNothing)
 
 TEST_F(Mouse, ASweepBackToItsStartLeavesAnEmptySelection)
 {
-    Give(control, L"abcdef");
+    GivenMarked(control, L"abcdef");
     down(At(0, 2));
     move(At(0, 4));
     move(At(0, 2));
@@ -145,7 +145,7 @@ TEST_F(Mouse, APointerHeldStillBelowTheClientAreaKeepsScrollingAtTheTimersRate)
 
 TEST_F(Mouse, ARealSweepSelectsWithTheButtonCapturedOutside)
 {
-    Give(control, L"|abcdef\nghijkl\nmnopqr");
+    GivenMarked(control, L"|abcdef\nghijkl\nmnopqr");
     LetDoubleClickTimePass();
     MovePointer(control, At(0, 2));
     PressButton();
@@ -153,7 +153,7 @@ TEST_F(Mouse, ARealSweepSelectsWithTheButtonCapturedOutside)
     EXPECT_EQ(Marked(control), L"ab[cdef\nghi]|jkl\nmnopqr");
     MovePointer(control, {-60, testLineHeight / 2});
     Pump(250);  // outside the timer follows
-    EXPECT_EQ(Marked(control), L"[|ab]cdef\nghijkl\nmnopqr");
+    EXPECT_EQ(Marked(control), L"|[ab]cdef\nghijkl\nmnopqr");
     ReleaseButton();
     EXPECT_EQ(::GetCapture(), nullptr);
 }
@@ -197,7 +197,7 @@ TEST_F(Mouse, WhatAHostDoesInATimersStepIsNotFollowedByAnotherStep)
 
 TEST_F(Mouse, ALostCaptureEndsTheDragSelection)
 {
-    Give(control, L"abcdef");
+    GivenMarked(control, L"abcdef");
     down(At(0, 1));
     move(At(0, 3));
     host.Forget();
@@ -210,7 +210,7 @@ TEST_F(Mouse, ALostCaptureEndsTheDragSelection)
 
 TEST_F(Mouse, ALostFocusGivesTheCaptureUpAndEndsTheDragSelection)
 {
-    Give(control, L"abcdef");
+    GivenMarked(control, L"abcdef");
     down(At(0, 1));
     move(At(0, 3));
     ::SetFocus(host.Window());
@@ -235,7 +235,7 @@ TEST_F(Mouse, AStepThatScrollsShowsTheSamePictureAsAFullRepaint)
 
 TEST_F(Mouse, EachStepTellsTheHostWhereTheCaretIs)
 {
-    Give(control, L"abcdef");
+    GivenMarked(control, L"abcdef");
     down(At(0, 1));
     host.Forget();
     move(At(0, 3));

@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <initializer_list>
-#include <string>
 #include <string_view>
 
 /// Keys as a control gets them: the keyboard state of this thread and the messages, with no need of the focus.
@@ -30,12 +29,5 @@ void Type(HWND control, std::wstring_view text);
 
 /// Real input: the key goes down and up again in the focused window of the system.
 void RealKey(UINT key, std::initializer_list<UINT> held = {});
-
-// A control with marks: '|' is the caret, '[' and ']' stand around the selected characters.
-
-/// Loads a marked text and puts caret and selection there. The caret stands at an end of the selection.
-void GivenMarked(HWND control, std::string_view marked);
-/// The state of a control as the exports tell it. A selected line break is shown by a ']' at the start of the next line.
-[[nodiscard]] std::string Marked(HWND control);
 
 }  // namespace keys

@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <functional>
-#include <string>
 #include <vector>
 
 // The mouse of a test. "Real" input goes through the system's queue and needs the window to be on screen; what is sent
@@ -29,11 +28,6 @@ void LetDoubleClickTimePass();
 // Sent input
 LRESULT SendMouse(HWND window, UINT message, POINT point, WPARAM keys = MK_LBUTTON);
 void SendClick(HWND window, POINT point);
-
-/// Loads a text with marks: '|' the caret, '[' and ']' around the selection, which the caret stands at either end of.
-void Give(HWND control, const std::wstring& marked);
-/// The text of a control with the same marks.
-[[nodiscard]] std::wstring Marked(HWND control);
 
 /// Plays steps, one every 30 ms, from within whatever message loop runs, such as that of a drag; returns when all have
 /// been played and every loop has ended. What is still running some time after the last step is cancelled with Esc.
