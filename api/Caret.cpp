@@ -26,6 +26,7 @@ void xTCaret::Destroy() noexcept
         return;
     m_created = false;
     m_known = false;
+    m_hidden = 0;
     ::HideCaret(OwnerWindow());  // a failure changes nothing: the caret goes anyway
     ::SetCaretPos(0, 0);
     ::DestroyCaret();
@@ -44,13 +45,17 @@ void xTCaret::SetHeight(int height) noexcept
 // server, and the caret of a window without the focus is destroyed.
 void xTCaret::Show() noexcept
 {
-    if (m_created && !::ShowCaret(OwnerWindow()) && HasFocus())
+    if (!m_created || (m_hidden > 0 && --m_hidden > 0))
+        return;
+    if (!::ShowCaret(OwnerWindow()) && HasFocus())
         Recreate();
 }
 
 void xTCaret::Hide() noexcept
 {
-    if (m_created && !::HideCaret(OwnerWindow()) && HasFocus())
+    if (!m_created || m_hidden++ > 0)
+        return;
+    if (!::HideCaret(OwnerWindow()) && HasFocus())
         Recreate();
 }
 

@@ -24,6 +24,7 @@ public:
     void Destroy() noexcept;
     /// @param height in pixels; does nothing without the focus
     void SetHeight(int height) noexcept;
+    /// Hides within hides count, and so do the shows that end them: the system is asked at the outermost only.
     void Show() noexcept;
     void Hide() noexcept;
     void Recreate() noexcept;
@@ -45,6 +46,7 @@ private:
     int m_height = 16;  // until the first paint, then the line height
     const CWnd* m_owner = nullptr;
     bool m_created = false;
+    int m_hidden = 0;  // hides that no show has ended yet
     // Setting and asking the place are calls to the display server, so the last one is remembered.
     mutable bool m_known = false;
     mutable POINT m_position{};

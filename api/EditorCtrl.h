@@ -121,6 +121,14 @@ private:
         std::int32_t last = -1;
     };
     class xTViewWatch;
+    /// What waits until the work that asks for it is done.
+    enum class xTLater {
+        nothing,
+        paints,  ///< the picture is moved, the caret goes to its place, the paint comes later
+        picture  ///< nothing of all that: the whole picture is about to be painted
+    };
+    class xTPaintHold;
+    class xTOnePaint;
 
     ~CEditorCtrl() override;
     void PreCreateWindow(xTCreation& creation) override { creation.style |= 0x20; }
@@ -161,7 +169,9 @@ private:
 
     // Painting
     [[nodiscard]] bool CannotPaintNow() const noexcept;
-    void ReadScreenSize() noexcept;
+    void PaintHeld();
+    void ScanBeforePaint();
+    [[nodiscard]] SIZE ScreenSize() noexcept;
     void Paint();
     [[nodiscard]] bool HasSomethingToPaint() noexcept;
     void PaintUpdateArea();
@@ -179,6 +189,7 @@ private:
     [[nodiscard]] int BarOffset() const noexcept;
 
     // Scrolling
+    void ScrollToLine(std::int32_t line, bool centre);
     void ScrollUp(std::int32_t count);
     void ScrollDown(std::int32_t count);
     bool ScrollLeft(std::int32_t count);
@@ -269,6 +280,7 @@ private:
     [[nodiscard]] bool CanFindNext() const;
     bool Undo();
     bool Redo();
+    bool StepBack(bool (xTOperStack::*step)());
     bool OpenFind();
     bool OpenReplace();
     bool FindNext();
@@ -299,6 +311,8 @@ private:
     bool m_shown = false;
     bool m_painting = false;
     bool m_mayBeClean = false;  // a paint was requested, and nothing was known to be invalid then
+    xTLater m_later = xTLater::nothing;
+    bool m_requestHeld = false;  // a paint was requested while paints were held
     bool m_repaintWhenUnwound = false;
     std::int32_t m_leftColumn = 0;  // in character widths
     std::int32_t m_topLine = 0;
@@ -307,7 +321,7 @@ private:
     xTInvalidArea m_invalid;
     /// The client area as the handler at work has seen it when it looked for the caret in it; a new size forgets it.
     mutable std::optional<RECT> m_clientSeen;
-    SIZE m_screen{};  // of the whole screen, which is the size of the paint bitmap
+    SIZE m_screen{};  // of the whole screen, which is the size of the paint bitmap; empty until it is asked for
     UINT_PTR m_ticker = 1;
     UINT_PTR m_scrollTimer = 0;
     std::uint32_t m_idleMs = 0;  // since the last paint
@@ -321,7 +335,6 @@ private:
     };
     xTMouseState m_mouseState = xTMouseState::idle;
     bool m_dragCandidate = false;  // the button went down inside the selection
-    bool m_pictureHeld = false;  // one paint at the end is worth all those that are asked for meanwhile
     HCURSOR m_textCursor = ::LoadCursorW(nullptr, IDC_IBEAM);
     HCURSOR m_previousCursor = nullptr;  // what SetCursor returned last
     xTPos m_mouseAnchor;  // where a mouse selection began

@@ -53,7 +53,7 @@ LRESULT CEditorCtrl::OnSize(const xTMessage& message)
     m_clientSeen.reset();
     const LRESULT result = Default(message);
     Guarded([&] {
-        ReadScreenSize();
+        m_screen = {};  // it may have changed along
         UpdateScrollBars(3);
     });
     return result;

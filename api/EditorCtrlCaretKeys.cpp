@@ -1,26 +1,12 @@
-#include "api/EditorCtrl.h"
+#include "api/PaintHold.h"
 
 #include "editing/CaretSteps.h"
-
-#include <utility>
 
 // What the keys that move the caret do. Where it goes and what becomes of the selection is the store's to say.
 
 namespace {
 
 enum xTDirection : int { left, right, up, down };
-
-class xTHeldPicture {
-public:
-    explicit xTHeldPicture(bool& flag) noexcept : m_flag(flag), m_before(std::exchange(flag, true)) {}
-    xTHeldPicture(const xTHeldPicture&) = delete;
-    xTHeldPicture& operator=(const xTHeldPicture&) = delete;
-    ~xTHeldPicture() { m_flag = m_before; }
-
-private:
-    bool& m_flag;
-    bool m_before;
-};
 
 }  // namespace
 
@@ -59,7 +45,7 @@ void CEditorCtrl::PageKey(const xTPress& press)
     const std::int32_t top = m_topLine;
     const xTPos old = m_store->caret;
     // The view scrolls, the caret goes along, a selection changes: it is all painted in one go at the end.
-    const xTHeldPicture held(m_pictureHeld);
+    const xTPaintHold hold(*this, xTLater::picture);
     Invalidate();
     ScrollPage(down ? 1 : 0);
     if (m_store)

@@ -1,4 +1,4 @@
-#include "api/EditorCtrl.h"
+#include "api/PaintHold.h"
 
 #include "editing/CaretSteps.h"
 #include "editing/ClipboardText.h"
@@ -77,18 +77,24 @@ bool CEditorCtrl::CanPaste() const
 
 bool CEditorCtrl::Undo()
 {
-    if (!HasFocus() || !m_operations->undo())
-        return false;
-    NotifyHost(true, 0);
-    return true;
+    return StepBack(&xTOperStack::undo);
 }
 
 bool CEditorCtrl::Redo()
 {
-    if (!HasFocus() || !m_operations->redo())
+    return StepBack(&xTOperStack::redo);
+}
+
+// The view goes to the place of the step, then the text changes there: one paint shows both.
+bool CEditorCtrl::StepBack(bool (xTOperStack::*step)())
+{
+    if (!HasFocus() || !m_operations)
         return false;
-    NotifyHost(true, 0);
-    return true;
+    bool done = false;
+    xTOnePaint(*this).Around([&] { done = (m_operations.get()->*step)(); });
+    if (done)
+        NotifyHost(true, 0);
+    return done;
 }
 
 bool CEditorCtrl::OpenFind()

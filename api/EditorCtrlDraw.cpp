@@ -1,4 +1,4 @@
-#include "api/EditorCtrl.h"
+#include "api/PaintHold.h"
 
 #include "appearance/HookCall.h"
 #include "diagnostics/Guarded.h"
@@ -69,28 +69,46 @@ bool CEditorCtrl::CannotPaintNow() const noexcept
 // scan asks for inside a paint is done.
 void CEditorCtrl::UpdateNow()
 {
-    if (!CannotPaintNow() && !m_pictureHeld)
+    if (CannotPaintNow() || !m_hWnd)
+        return;
+    if (m_later == xTLater::nothing)
         ::UpdateWindow(m_hWnd);
+    else if (m_later == xTLater::paints && m_shown)
+        PlaceCaretImage();
+}
+
+// What a hold has put off. What is known to be invalid brings its paint without a request.
+void CEditorCtrl::PaintHeld()
+{
+    if (std::exchange(m_requestHeld, false) && m_invalid.IsEmpty())
+        RequestPaint();
+    UpdateNow();
 }
 
 void CEditorCtrl::RequestPaint()
 {
+    if (m_later != xTLater::nothing) {
+        m_requestHeld = true;
+        return;
+    }
     m_mayBeClean = m_mayBeClean || m_invalid.IsEmpty();
     if (m_hWnd)
         ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INTERNALPAINT);
 }
 
-// Asking costs as much as a drawing call, so it is asked when the window is shown or sized and not at every paint.
-void CEditorCtrl::ReadScreenSize() noexcept
+// Asking costs more than painting a row, so it is asked at the first paint after the window was shown or sized.
+SIZE CEditorCtrl::ScreenSize() noexcept
 {
-    m_screen = {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
+    if (m_screen.cx == 0)
+        m_screen = {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
+    return m_screen;
 }
 
 LRESULT CEditorCtrl::OnShowWindow(const xTMessage& message)
 {
     Guarded([&] {
         Default(message);
-        ReadScreenSize();
+        m_screen = {};
         m_shown = message.wParam != 0;
         if (m_shown)
             Invalidate();
@@ -124,8 +142,10 @@ LRESULT CEditorCtrl::OnPaint(const xTMessage& message)
 void CEditorCtrl::Paint()
 {
     m_caret.SetHeight(LineHeight());
-    if (HasSomethingToPaint())
+    if (HasSomethingToPaint()) {
+        ScanBeforePaint();
         PaintUpdateArea();
+    }
     ::SendMessageW(m_hWnd, ED_AFTER_PAINT, 0, 0);
 }
 
@@ -134,6 +154,14 @@ void CEditorCtrl::Paint()
 bool CEditorCtrl::HasSomethingToPaint() noexcept
 {
     return !std::exchange(m_mayBeClean, false) || ::GetUpdateRect(m_hWnd, nullptr, FALSE) != 0;
+}
+
+// The scan asks for a repaint of all that has turned. Before the paint context opens this becomes part of the same paint.
+void CEditorCtrl::ScanBeforePaint()
+{
+    const xTPaintHold hold(*this, xTLater::picture);
+    if (m_store)
+        m_store->rescan_comments();
 }
 
 void CEditorCtrl::PaintUpdateArea()
@@ -171,7 +199,7 @@ void CEditorCtrl::PaintRows(const xTPaintDC& target)
     if (!m_memDC)
         return;
     // The bitmap has the size of the screen, whatever the size of the client area, and takes the background as a whole.
-    const auto [cx, cy] = m_screen;
+    const auto [cx, cy] = ScreenSize();
     MakePaintBitmap(target.get(), cx, cy);
     if (m_attribs) {
         m_attribs->ApplyAttr(ATTR_BACKGROUND, this, m_memDC.get());

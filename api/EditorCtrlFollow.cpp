@@ -1,4 +1,4 @@
-#include "api/EditorCtrl.h"
+#include "api/PaintHold.h"
 
 #include "diagnostics/Guarded.h"
 
@@ -82,30 +82,37 @@ void CEditorCtrl::EnsureCaretVisible()
     });
 }
 
+void CEditorCtrl::ScrollToLine(std::int32_t line, bool centre)
+{
+    const std::int32_t visible = VisibleLines();
+    const std::int32_t half = centre ? visible / 2 : 0;
+    if (line < m_topLine) {
+        const std::int32_t up = std::min(m_topLine - line + half, m_topLine);
+        if (up > 0)
+            ScrollBy(0, up);
+    } else if (centre || line >= m_topLine + visible) {
+        // One-sided by this formula: a line that is already in the upper half stays where it is.
+        const std::int32_t down = line - visible - m_topLine + 1 + half;
+        if (down > 0)
+            ScrollBy(1, down);
+    }
+}
+
 void CEditorCtrl::MoveCaretTo(std::int32_t line, std::int32_t column, bool redraw, bool centre, bool focus)
 {
     Guarded([&] {
-        if (m_store) {
-            const std::int32_t visible = VisibleLines();
-            const std::int32_t half = centre ? visible / 2 : 0;
-            if (line < m_topLine) {
-                const std::int32_t up = std::min(m_topLine - line + half, m_topLine);
-                if (up > 0)
-                    ScrollBy(0, up);
-            } else if (centre || line >= m_topLine + visible) {
-                // One-sided by this formula: a line that is already in the upper half stays where it is.
-                const std::int32_t down = line - visible - m_topLine + 1 + half;
-                if (down > 0)
-                    ScrollBy(1, down);
-            }
+        const auto move = [&] {
+            ScrollToLine(line, centre);
             if (column >= 0 && m_store)
                 m_store->set_caret({line, column});
             SetBarPosition(SB_VERT, m_topLine);
-            if (redraw) {
+            if (redraw)
                 Invalidate();
-                UpdateNow();
-            }
-        }
+        };
+        if (m_store && redraw)
+            xTOnePaint(*this).Around(move);
+        else if (m_store)
+            move();
         if (focus)
             ::SetFocus(m_hWnd);
     });

@@ -1,4 +1,4 @@
-#include "api/EditorCtrl.h"
+#include "api/PaintHold.h"
 
 #include "diagnostics/Guarded.h"
 
@@ -94,7 +94,7 @@ struct CEditorCtrl::xTKeyMap {
     static constexpr xTClosing stepShown{&CEditorCtrl::ShowStep, &CEditorCtrl::EnsureCaretVisible,
                                          &CEditorCtrl::InvalidateCaretLine, &CEditorCtrl::NotifyCaret};
     static constexpr xTClosing told{&CEditorCtrl::NotifyCaret};
-    static constexpr xTClosing repainted{&CEditorCtrl::Invalidate, &CEditorCtrl::UpdateNow};
+    static constexpr xTClosing repainted{&CEditorCtrl::Invalidate};
 
     enum xTDirection : int { left, right, up, down };
     using C = CEditorCtrl;
@@ -188,12 +188,19 @@ void CEditorCtrl::PressKey(const xTPress& press, bool ctrl)
     const auto& row = xTKeyMap::RowOf(press.key, xTKeyMap::ModsOf(press.shift, ctrl), m_editable);
     if (!row.effect || !m_store || !m_operations)
         return;
-    (this->*row.effect)(press);
-    for (const auto step : row.closing) {
-        if (!step || !m_store)
-            return;  // a host may have destroyed the control in answer to what the key did
-        (this->*step)();
-    }
+    const auto work = [&] {
+        (this->*row.effect)(press);
+        for (const auto step : row.closing) {
+            if (!step || !m_store)
+                return;  // a host may have destroyed the control in answer to what the key did
+            (this->*step)();
+        }
+    };
+    // What moves the caret is painted once. What changes the text leaves its paint to the system.
+    if (row.closing[0])
+        xTOnePaint(*this).Around(work);
+    else
+        work();
 }
 
 LRESULT CEditorCtrl::OnKeyUp(const xTMessage& message)

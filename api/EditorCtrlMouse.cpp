@@ -1,4 +1,4 @@
-#include "api/EditorCtrl.h"
+#include "api/PaintHold.h"
 
 #include "diagnostics/Guarded.h"
 
@@ -115,11 +115,11 @@ void CEditorCtrl::SelectionStep(POINT point)
 // No half-scrolled view is seen: the picture neither moves nor is painted until all of it comes anew.
 void CEditorCtrl::BringIntoViewUnseen(std::int32_t line)
 {
-    m_pictureHeld = true;
-    MoveCaretTo(line, -1, false, false, true);
-    m_pictureHeld = false;
-    if (m_hWnd)
-        Invalidate();
+    {
+        const xTPaintHold hold(*this, xTLater::picture);
+        MoveCaretTo(line, -1, false, false, true);
+    }
+    Invalidate();
 }
 
 // The pointer stands still, perhaps outside the client area: the further out, the more lines a step scrolls.

@@ -1,4 +1,4 @@
-#include "api/EditorCtrl.h"
+#include "api/PaintHold.h"
 
 #include "include/scrivctl3.h"
 
@@ -8,10 +8,13 @@ void CEditorCtrl::SetCaretPosition(std::int32_t line, std::int32_t col, std::uin
     const bool centre = (flags & ED_CARET_CENTRE) != 0;
     const bool focus = (flags & ED_CARET_FOCUS) != 0;
     if (!m_store || !(flags & ED_CARET_SELECT)) {
-        MoveCaretTo(line, col, redraw, centre, focus);
-        if (m_store)
-            m_store->clear_selection();
-        Invalidate();
+        const auto move = [&] {
+            MoveCaretTo(line, col, redraw, centre, focus);
+            if (m_store)
+                m_store->clear_selection();
+            Invalidate();
+        };
+        redraw ? xTOnePaint(*this).Around(move) : move();
         return;
     }
     const xTSelection selection = m_store->selection;

@@ -78,18 +78,17 @@ void CEditorCtrl::UpdateScrollBars(int which)
     }
 }
 
-// Moves the picture; a distance beyond the client area is as good as the client area. The partial row at the bottom
-// stays out of it: it shows the background, not the head of a line that was scrolled into it.
+// Moves the picture. The partial row at the bottom stays out of it: it shows the background, not the head of a line that
+// was scrolled into it. When all of the picture goes there is nothing to move: who scrolls invalidates what is exposed.
 void CEditorCtrl::ShiftBits(std::int64_t dx, std::int64_t dy)
 {
-    if (m_pictureHeld)
-        return;  // the whole of it is about to be painted
+    if (m_later == xTLater::picture)
+        return;
     RECT rows = ClientRect();
-    const std::int64_t width = rows.right;
-    const std::int64_t height = rows.bottom;
     rows.bottom = VisibleLines() * LineHeight();
-    ::ScrollWindow(m_hWnd, static_cast<int>(std::clamp(dx, -width, width)),
-                   static_cast<int>(std::clamp(dy, -height, height)), &rows, &rows);
+    if (std::abs(dx) >= rows.right || std::abs(dy) >= rows.bottom)
+        return;
+    ::ScrollWindow(m_hWnd, static_cast<int>(dx), static_cast<int>(dy), &rows, &rows);
     m_caret.Forget();  // the system takes a caret in the moved area along
     m_invalid.Forget();  // and what was invalid
 }

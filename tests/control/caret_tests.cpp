@@ -3,6 +3,7 @@
 #include "api/Caret.h"
 
 #include "framework/win/CWnd.h"
+#include "framework/win/Handles.h"
 #include "tests/support/win/ControlHost.h"
 
 #include <gtest/gtest.h>
@@ -30,6 +31,13 @@ protected:
         info.cbSize = sizeof info;
         ::GetGUIThreadInfo(::GetCurrentThreadId(), &info);
         return info.hwndCaret == window.m_hWnd ? info.rcCaret : RECT{};
+    }
+
+    // A caret at 20,30 inverts what is below it.
+    bool isHidden() const
+    {
+        const xTClientDC dc(window.m_hWnd);
+        return ::GetPixel(dc.get(), 20, 35) == ::GetPixel(dc.get(), 22, 35);
     }
 
     ControlHost host;
@@ -86,6 +94,37 @@ TEST_F(Caret, ComesBackWhenShowingFails)
     ::DestroyCaret();
     caret.Show();
     EXPECT_EQ(systemCaret().left, 7);
+}
+
+// A paint within work that hides it for longer. The system counts hides too, and would want as many shows.
+TEST_F(Caret, IsHiddenAndShownByTheOutermostOnly)
+{
+    const POINT at{20, 30};
+    caret.Create(&at);
+    EXPECT_FALSE(isHidden());
+    caret.Hide();
+    caret.Hide();
+    EXPECT_TRUE(isHidden());
+    ::ShowCaret(window.m_hWnd);
+    EXPECT_FALSE(isHidden());  // one hide of the system's, not two
+    ::HideCaret(window.m_hWnd);
+    caret.Show();
+    EXPECT_TRUE(isHidden());
+    caret.Show();
+    EXPECT_FALSE(isHidden());
+}
+
+TEST_F(Caret, IsNotHiddenAnyMoreWhenItIsMadeAnew)
+{
+    const POINT at{20, 30};
+    caret.Create(&at);
+    caret.Hide();
+    caret.Destroy();
+    caret.Create(&at);
+    caret.Hide();
+    EXPECT_TRUE(isHidden());
+    caret.Show();
+    EXPECT_FALSE(isHidden());
 }
 
 TEST_F(Caret, LeavesTheCaretOfTheWindowInFocusAlone)
