@@ -11,6 +11,8 @@ xTAsciiFace::xTAsciiFace(HDC dc) noexcept
     const DWORD found = ::GetGlyphIndicesW(dc, all.data(), count, m_glyphs.data(), GGI_MARK_NONEXISTING_GLYPHS);
     if (found == count && std::find(m_glyphs.begin(), m_glyphs.end(), missing) == m_glyphs.end())
         m_advance = CommonAdvance(dc);
+    if (m_advance != 0)
+        FindContained(dc);
 }
 
 // @return the width that they have, alone and in a row; 0 when they have not all the same
@@ -28,6 +30,25 @@ LONG xTAsciiFace::CommonAdvance(HDC dc) noexcept
         if (alone[i] != alone[0] || upTo[i] != (i + 1) * alone[0])
             return 0;
     return row.cx == upTo[count - 1] ? alone[0] : 0;
+}
+
+void xTAsciiFace::FindContained(HDC dc) noexcept
+{
+    TEXTMETRICW metrics{};
+    std::array<ABC, count> widths{};
+    if (!::GetTextMetricsW(dc, &metrics) || metrics.tmUnderlined || metrics.tmStruckOut ||
+        !::GetCharABCWidthsW(dc, first, last, widths.data()))
+        return;
+    m_height = metrics.tmHeight;
+    std::transform(widths.begin(), widths.end(), m_contained.begin(),
+                   [](const ABC& each) { return each.abcA >= 0 && each.abcC >= 0; });
+}
+
+bool xTAsciiFace::HoldsContained(WStrView run) const noexcept
+{
+    return m_advance != 0 && std::all_of(run.begin(), run.end(), [this](WCHAR ch) {
+               return ch >= first && ch <= last && m_contained[ch - first];
+           });
 }
 
 bool xTAsciiFace::Holds(WStrView run) const noexcept

@@ -83,11 +83,18 @@ void xTAttribTable::ApplyWord(std::uint32_t word, CWnd* wnd, CDC* dc, xTKnown& k
             ApplyGuarded(row.flag, wnd, dc, known);
 }
 
-bool xTAttribTable::WearAll(const xTLook& look, CWnd* wnd, CDC* dc, xTKnown& known)
+bool xTAttribTable::HasFonts(std::uint32_t styles) const noexcept
 {
     for (DWORD style = 0; style < fontKeys; ++style)
-        if ((look.styles >> style & 1) && !FindFont(style))
+        if ((styles >> style & 1) && !FindFont(style))
             return false;
+    return true;
+}
+
+bool xTAttribTable::WearAll(const xTLook& look, CWnd* wnd, CDC* dc, xTKnown& known)
+{
+    if (!HasFonts(look.styles))
+        return false;
     try {
         Wear(look, wnd, dc, known);
         return true;

@@ -12,6 +12,7 @@
 class CDC;
 class CWnd;
 class xTMemStorage;
+class xTRunBatch;
 struct xTPrintFont;
 
 /// How the text of one control looks, with the fonts and the drawing: the entries of xTAttribData, the eight styles of
@@ -117,6 +118,11 @@ private:
     };
     int MeasureRuns(WStrView text, std::span<const std::uint32_t> words, CWnd* wnd, CDC* dc, const xTHit& hit);
     [[nodiscard]] int TabStop() const noexcept;
+    [[nodiscard]] bool IsOwn(const CDC* dc) const noexcept;
+    [[nodiscard]] bool HasFonts(std::uint32_t styles) const noexcept;
+    [[nodiscard]] const xTAsciiFace* FaceToGather(WStrView run, const xTLook& look) const noexcept;
+    [[nodiscard]] bool Gather(xTRunBatch& batch, WStrView run, std::uint32_t word, LONG x, const RECT& visible) const;
+    void DrawBatch(xTRunBatch& batch, LONG y, CWnd* wnd, CDC* dc, xTKnown& known);
     [[nodiscard]] const xTAsciiFace* FaceFor(WStrView run, CDC* dc, const xTKnown& known);
     [[nodiscard]] LONG RunWidth(WStrView run, CDC* dc, const xTKnown& known);
     void DrawRunText(WStrView run, POINT pos, CDC* dc, const xTAsciiFace* face = nullptr) const;

@@ -1,5 +1,6 @@
 #include "appearance/AttribTable.h"
 #include "appearance/AttribWords.h"
+#include "appearance/RunBatch.h"
 #include "diagnostics/Guarded.h"
 #include "diagnostics/comdefines.h"
 #include "framework/base/Exceptions.h"
@@ -140,14 +141,24 @@ void xTAttribTable::DrawRuns(const xTExtString& str, std::span<const std::uint32
     const WStrView text = str.m_text;
     const auto count = static_cast<std::int32_t>(words.size());
     const RECT visible = VisibleArea(dc);
+    const bool gathers = IsOwn(dc);
+    xTRunBatch batch;
     std::int32_t i = 0;
     while (i < count) {
-        if (i == 0 || (m_lastAttr != words[i] && m_lastAttr != 0))
-            ApplyWord(words[i], wnd, dc, known);
-        m_lastAttr = words[i];
         const std::int32_t first = i;
+        const bool replaces = first == 0 || m_lastAttr != 0;
+        const bool isNew = first == 0 || (replaces && m_lastAttr != words[first]);
         i = RunEnd(text, first, words);
         const WStrView run = text.substr(first, i - first);
+        if (gathers && replaces && Gather(batch, run, words[first], pos.x, visible)) {
+            m_lastAttr = words[first];
+            pos.x = batch.Right();
+            continue;
+        }
+        DrawBatch(batch, pos.y, wnd, dc, known);
+        if (isNew)
+            ApplyWord(words[first], wnd, dc, known);
+        m_lastAttr = words[first];
         const bool nextSelected = i < count && (words[i] & ATTR_SELECTION);
         if (nextSelected && BeginsWithTab(run)) {
             // The gap before a selection is painted in the background of the tabs; the selected text that follows
@@ -163,6 +174,43 @@ void xTAttribTable::DrawRuns(const xTExtString& str, std::span<const std::uint32
             DrawRunText(run, pos, dc, face);
         pos.x += width;
     }
+    DrawBatch(batch, pos.y, wnd, dc, known);
+}
+
+// Only on the control's own context: another one, that of a metafile say, gets each run by itself.
+bool xTAttribTable::IsOwn(const CDC* dc) const noexcept
+{
+    return dc == m_dc && dc->m_hDC == dc->m_hAttribDC;
+}
+
+// The face of a run that may be drawn together with others. Where its look leaves something as it is, or the font on the
+// way to it is missing, the run has to be drawn in its turn.
+const xTAsciiFace* xTAttribTable::FaceToGather(WStrView run, const xTLook& look) const noexcept
+{
+    if (!look.text || !look.back || !look.style || !HasFonts(look.styles))
+        return nullptr;
+    const std::optional<xTAsciiFace>& face = m_faces[*look.style];
+    return face && face->HoldsContained(run) ? &*face : nullptr;
+}
+
+// @return false for a run that has to be drawn by itself, behind the batch
+bool xTAttribTable::Gather(xTRunBatch& batch, WStrView run, std::uint32_t word, LONG x, const RECT& visible) const
+{
+    const xTLook look = LookOf(word);
+    const xTAsciiFace* face = FaceToGather(run, look);
+    if (!face || x + face->Width(run) < visible.left || x >= visible.right || !batch.Takes(*face, *look.back))
+        return false;
+    batch.Add({run, x, face, word, *look.style, *look.text}, *look.back);
+    return true;
+}
+
+// A font that cannot be selected is told to the user, and the fonts are made anew: what the batch has is void then.
+void xTAttribTable::DrawBatch(xTRunBatch& batch, LONG y, CWnd* wnd, CDC* dc, xTKnown& known)
+{
+    batch.Draw(dc->m_hDC, y, [&](const xTRunBatch::xTRun& run) {
+        ApplyWord(run.word, wnd, dc, known);
+        return dc->GetSafeHdc() && known.style == run.style && m_faces[run.style];
+    });
 }
 
 // On the control's own context a paint is clipped to what needs it, and the runs outside need no drawing: most of a
@@ -171,7 +219,7 @@ RECT xTAttribTable::VisibleArea(CDC* dc) const noexcept
 {
     constexpr LONG limit = std::numeric_limits<LONG>::max() / 2;
     RECT area{};
-    if (dc != m_dc || dc->m_hDC != dc->m_hAttribDC || ::GetClipBox(dc->m_hDC, &area) == ERROR)
+    if (!IsOwn(dc) || ::GetClipBox(dc->m_hDC, &area) == ERROR)
         return {-limit, -limit, limit, limit};
     return area;
 }

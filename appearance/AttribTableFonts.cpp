@@ -131,7 +131,7 @@ HFONT xTAttribTable::FindFont(DWORD key) const noexcept
 // asked about when it is first used, few of the eight being so; the context holds it then.
 const xTAsciiFace* xTAttribTable::FaceFor(WStrView run, CDC* dc, const xTKnown& known)
 {
-    if (!known.style || dc != m_dc || dc->m_hDC != dc->m_hAttribDC)
+    if (!known.style || !IsOwn(dc))
         return nullptr;
     std::optional<xTAsciiFace>& face = m_faces[*known.style];
     if (!face)

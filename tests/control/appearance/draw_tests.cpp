@@ -1,7 +1,9 @@
+#include "appearance/AsciiFace.h"
 #include "tests/control/appearance/Canvas.h"
 #include "tests/control/appearance/FailingNew.h"
 
 #include <fstream>
+#include <random>
 #include <regex>
 #include <stdexcept>
 
@@ -71,6 +73,87 @@ TEST_F(Draw, APartOfALineLooksAsItDoesInTheWholeLine)
         }
     }
 }
+
+// On the control's own context runs are drawn together. Measures from another context make them be drawn one by one.
+class DrawnTogether : public Draw, public testing::WithParamInterface<std::uint32_t> {
+protected:
+    struct Drawing {
+        std::vector<COLORREF> pixels;
+        HGDIOBJ font;
+        COLORREF text;
+        COLORREF back;
+        int mode;
+        friend bool operator==(const Drawing&, const Drawing&) = default;
+    };
+    Drawing DrawingOf(const xTExtString& line, HDC measures)
+    {
+        canvas.Fill(0xABCDEF);
+        canvas.dc.m_hAttribDC = measures;
+        Show(line, {-20, 0}, letters.hook());
+        canvas.dc.m_hAttribDC = canvas.dc.m_hDC;
+        const HDC dc = canvas.dc.m_hDC;
+        Drawing drawing{{}, CurrentFont(), ::GetTextColor(dc), ::GetBkColor(dc), ::GetBkMode(dc)};
+        for (int y = 0; y < 2 * table->m_charHeight; ++y)
+            for (int x = 0; x < Canvas::width; ++x)
+                drawing.pixels.push_back(canvas.At(x, y));
+        return drawing;
+    }
+    xTExtString RandomLine()
+    {
+        static constexpr WStrView signs = L"kkkkinspqyu##    \tЖ_W";
+        std::wstring text;
+        for (std::uint32_t left = 1 + random() % 60; left > 0; --left)
+            text.append(1 + random() % 4, signs[random() % signs.size()]);
+        xTExtString line = Line(text);
+        if (random() % 3 == 0)
+            for (std::int32_t i = static_cast<std::int32_t>(random() % text.size()), n = 0; n < 9 && i < line.GetLength(); ++n)
+                line.MarkSelected(i++);
+        if (random() % 8 == 0)
+            line.m_flags |= xTExtString::flagBreakPoint;
+        return line;
+    }
+    std::mt19937 random{20};
+};
+
+TEST_P(DrawnTogether, RunsShowWhatTheyShowOneByOneAndLeaveTheContextAlike)
+{
+    const xTMemDC other(::CreateCompatibleDC(nullptr));
+    for (const LONG height : {-13, -24}) {
+        LOGFONTW lf = table->m_logFont;
+        lf.lfHeight = height;
+        SetTheme(GetParam());
+        table->create_fonts(&lf, &canvas.dc);
+        for (int round = 0; round < 60; ++round) {
+            if (round == 40)  // slanted characters lean out of their cells
+                table->m_italic[table->FindEntry(ATTR_KEYWORD)] = true;
+            const xTExtString line = RandomLine();
+            DrawingOf(line, canvas.dc.m_hDC);  // fonts are asked about when they are first used
+            const Drawing together = DrawingOf(line, canvas.dc.m_hDC);
+            ASSERT_TRUE(together == DrawingOf(line, other.get())) << height << ", round " << round;
+        }
+    }
+    ::SelectObject(other.get(), ::GetStockObject(SYSTEM_FONT));
+}
+
+// Without this the one above would hold for a table that draws nothing together.
+TEST_F(Draw, ACommonLineIsDrawnTogether)
+{
+    const xTAsciiFace face = [&] {
+        table->ApplyAttr(ATTR_TEXT, &wnd, &canvas.dc);
+        return xTAsciiFace(canvas.dc.m_hDC);
+    }();
+    EXPECT_TRUE(face.HoldsContained(L"    if (count > 0) return next[7] * 0x1F;"));
+    EXPECT_FALSE(face.HoldsContained(L"текст"));
+    EXPECT_FALSE(face.HoldsContained(L"a\tb"));
+    table->_MakeFontSelect(canvas.dc.m_hDC, [&] {
+        LOGFONTW lf = table->m_logFont;
+        lf.lfUnderline = 1;
+        return lf;
+    }());
+    EXPECT_FALSE(xTAsciiFace(canvas.dc.m_hDC).HoldsContained(L"a"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, DrawnTogether, testing::Range(1u, 6u));
 
 TEST_F(Draw, AnEmptyLineShowsNoBandAtAll)
 {
