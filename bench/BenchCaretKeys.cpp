@@ -1,5 +1,4 @@
 #include "bench/BenchControl.h"
-#include "bench/Measure.h"
 #include "bench/Messages.h"
 #include "include/scrivctl3.h"
 
@@ -9,48 +8,24 @@ namespace {
 
 constexpr int keysInView = 30;
 
-// The caret's place is painted at once, its line after that: two paints.
-void DownInView(const Bench& bench, HWND control, int lines)
-{
-    int count = 0;
-    const Beside down = MeasureBeside(bench.floors, 150, [&] { Press(control, VK_DOWN); },
-                                      [&] {
-                                          if (count++ % keysInView == 0)
-                                              PutCaret(control, lines / 2, 0);
-                                      });
-    const Floors& f = down.floors;
-    const TableRow row{bench.size.name, "Down within the view", down.ns, "two lines, the caret moved twice (2 F1)",
-                       2 * f[Floor::line], 1.3};
-    Print(row);
-    PrintBound(row, "two lines off screen, a key state, invalidations",
-               2 * f[Floor::boundLine] + f[Floor::keyState] + f[Floor::invalidate]);
-}
+// The lines that the caret leaves and comes to are painted in one go.
+constexpr Goal downInView{
+    {"two lines, the caret moved twice (2 F1)", {{{Floor::line, 2}}}}, 1.3,
+    {"a line off screen, a key state, invalidations",
+     {{{Floor::boundLine, 1}, {Floor::keyState, 1}, {Floor::invalidate, 1}}}}};
+// Of what the shift exposes, one line more is painted: the caret's old place is in it.
+constexpr Goal downAtTheBottom{
+    {"a line, a scroll bar call (F1+F3)", {{{Floor::line, 1}, {Floor::scrollBar, 1}}}}, 1.2,
+    {"a line off screen, a bar, a shift, a key",
+     {{{Floor::boundLine, 1}, {Floor::scrollBar, 1}, {Floor::shift, 1}, {Floor::keyState, 1}, {Floor::invalidate, 2}}}}};
+constexpr Goal pageDown{
+    {"a page, a scroll bar call (F2+F3)", {{{Floor::page, 1}, {Floor::scrollBar, 1}}}}, 1.2,
+    {"a page off screen, a bar, a key, invalidations",
+     {{{Floor::boundPage, 1}, {Floor::scrollBar, 1}, {Floor::keyState, 1}, {Floor::invalidate, 2}}}}};
 
-void DownAtTheBottom(const Bench& bench, HWND control, int lines)
+Beside Down(const Bench& bench, HWND control, const std::function<void()>& prepare = {})
 {
-    edSetCaretPosition(control, lines / 3, 0);
-    edSetScrollPosition(control, lines / 3 - pageRows + 1, -1);
-    Drain();
-    const Beside down = MeasureBeside(bench.floors, 150, [&] { Press(control, VK_DOWN); });
-    const Floors& f = down.floors;
-    const TableRow row{bench.size.name, "Down at the bottom", down.ns, "a line, a scroll bar call (F1+F3)",
-                       f[Floor::line] + f[Floor::scrollBar], 1.2};
-    Print(row);
-    PrintBound(row, "three lines off screen, a bar, a shift, a key",
-               3 * f[Floor::boundLine] + f[Floor::scrollBar] + f[Floor::shift] + f[Floor::keyState] +
-                   2 * f[Floor::invalidate]);
-}
-
-void PageDown(const Bench& bench, HWND control)
-{
-    PutCaret(control, 0, 0);
-    const Beside down = MeasureBeside(bench.floors, 100, [&] { Press(control, VK_NEXT); });
-    const Floors& f = down.floors;
-    const TableRow row{bench.size.name, "Page Down", down.ns, "a page, a scroll bar call (F2+F3)",
-                       f[Floor::page] + f[Floor::scrollBar], 1.2};
-    Print(row);
-    PrintBound(row, "a page off screen, a bar, a key, invalidations",
-               f[Floor::boundPage] + f[Floor::scrollBar] + f[Floor::keyState] + 2 * f[Floor::invalidate]);
+    return MeasureBeside(bench.floors, 150, [&] { Press(control, VK_DOWN); }, prepare);
 }
 
 }  // namespace
@@ -60,8 +35,17 @@ void BenchCaretKeys(const Bench& bench)
     const HWND control = MakeControl();
     edLoadText(control, bench.text.c_str(), 0xFFFFFFFF);
     const int lines = static_cast<int>(edGetLineCount(control));
-    DownInView(bench, control, lines);
-    DownAtTheBottom(bench, control, lines);
-    PageDown(bench, control);
+    int count = 0;
+    const auto inView = [&] {
+        if (count++ % keysInView == 0)
+            PutCaret(control, lines / 2, 0);
+    };
+    Report(bench, "Down within the view", Down(bench, control, inView), downInView);
+    edSetCaretPosition(control, lines / 3, 0);
+    edSetScrollPosition(control, lines / 3 - pageRows + 1, -1);
+    Drain();
+    Report(bench, "Down at the bottom", Down(bench, control), downAtTheBottom);
+    PutCaret(control, 0, 0);
+    Report(bench, "Page Down", MeasureBeside(bench.floors, 100, [&] { Press(control, VK_NEXT); }), pageDown);
     edDestroyCtrl(control);
 }

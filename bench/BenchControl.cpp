@@ -25,6 +25,22 @@ Beside MeasureBeside(FloorWindow& floors, int rounds, const std::function<void()
     return {MedianOf(times), floors.Take()};
 }
 
+double FloorSum::In(const Floors& floors) const
+{
+    double sum = 0;
+    for (const Part& part : parts)
+        sum += part.times * floors[part.floor];
+    return sum;
+}
+
+void Report(const Bench& bench, const char* what, const Beside& measured, const Goal& goal)
+{
+    const double floor = goal.floor.In(measured.floors);
+    const TableRow row{bench.size.name, what, measured.ns, goal.floor.name, floor, goal.multiple};
+    Print(row);
+    PrintBound(row, goal.bound.name, goal.bound.In(measured.floors));
+}
+
 HWND HostWindow()
 {
     static const HWND host = ::CreateWindowExW(0, L"STATIC", L"bench", WS_POPUP | WS_VISIBLE, 0, 0, 1280, 1024, nullptr,

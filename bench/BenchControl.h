@@ -3,6 +3,7 @@
 #include "bench/Floors.h"
 #include "bench/Table.h"
 
+#include <array>
 #include <functional>
 #include <string>
 
@@ -31,6 +32,28 @@ struct Beside {
 /// Measures `rounds` calls in stretches, with the floors between them. `prepare` runs before each call and is not counted.
 [[nodiscard]] Beside MeasureBeside(FloorWindow& floors, int rounds, const std::function<void()>& work,
                                    const std::function<void()>& prepare = {});
+
+/// Some floors together, each so many times.
+struct FloorSum {
+    struct Part {
+        Floor floor;
+        int times;
+    };
+    const char* name;
+    std::array<Part, 5> parts;
+
+    [[nodiscard]] double In(const Floors& floors) const;
+};
+
+/// What a gesture is held against: what its goal counts, and the calls that a control is bound to make.
+struct Goal {
+    FloorSum floor;
+    double multiple;
+    FloorSum bound;
+};
+
+/// Prints a figure beside the two.
+void Report(const Bench& bench, const char* what, const Beside& measured, const Goal& goal);
 
 /// The window that all others stand in.
 [[nodiscard]] HWND HostWindow();

@@ -12,6 +12,12 @@ namespace {
 
 constexpr std::size_t pasted = 100'000;
 
+// The view goes there and the text changes: one page shows both.
+constexpr Goal stepElsewhere{
+    {"a page, a bar, a line (F2+F3+F1)", {{{Floor::page, 1}, {Floor::scrollBar, 1}, {Floor::line, 1}}}}, 1.2,
+    {"a page off screen, a bar, invalidations",
+     {{{Floor::boundPage, 1}, {Floor::scrollBar, 1}, {Floor::invalidate, 3}}}}};
+
 void Execute(HWND control, int command)
 {
     edExecCommand(control, command);
@@ -27,12 +33,7 @@ void UndoElsewhere(const Bench& bench, HWND control, int lines)
                                           Type(control, 'X', L'x');
                                           PutCaret(control, lines / 2, 0);
                                       });
-    const Floors& f = undo.floors;
-    const TableRow row{bench.size.name, "one undo step elsewhere in the text", undo.ns, "a page, a bar, a line (F2+F3+F1)",
-                       f[Floor::page] + f[Floor::scrollBar] + f[Floor::line], 1.2};
-    Print(row);
-    PrintBound(row, "a page and a line off screen, a bar, a shift",
-               f[Floor::boundPage] + f[Floor::boundLine] + f[Floor::scrollBar] + f[Floor::shiftPage]);
+    Report(bench, "one undo step elsewhere in the text", undo, stepElsewhere);
 }
 
 void FillClipboard(const std::wstring& text)

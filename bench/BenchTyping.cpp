@@ -10,25 +10,19 @@ namespace {
 
 constexpr int keysOnALine = 30;  // no line gets so long that the view has to follow
 
-void Report(const Bench& bench, const char* what, const Beside& measured)
-{
-    const Floors& f = measured.floors;
-    const TableRow row{bench.size.name, what, measured.ns, "a line, the caret moved (F1)", f[Floor::line], 1.8};
-    Print(row);
-    PrintBound(row, "a line off screen, two key states, one invalidation",
-               f[Floor::boundLine] + 2 * f[Floor::keyState] + f[Floor::invalidate]);
-}
-
+constexpr Goal aKeystroke{
+    {"a line, the caret moved (F1)", {{{Floor::line, 1}}}}, 1.8,
+    {"a line off screen, two key states, one invalidation",
+     {{{Floor::boundLine, 1}, {Floor::keyState, 2}, {Floor::invalidate, 1}}}}};
 // Of a key that comes behind a painted page and a rest.
-void ReportRested(const Bench& bench, const char* what, const Beside& measured)
-{
-    const Floors& f = measured.floors;
-    const TableRow row{bench.size.name, what, measured.ns, "a line behind a page and a rest (F1)",
-                       f[Floor::restedLine], 1.8};
-    Print(row);
-    PrintBound(row, "such a line off screen, two key states, one invalidation",
-               f[Floor::boundRestedLine] + 2 * f[Floor::keyState] + f[Floor::invalidate]);
-}
+constexpr Goal aRestedKeystroke{
+    {"a line behind a page and a rest (F1)", {{{Floor::restedLine, 1}}}}, 1.8,
+    {"such a line off screen, two key states, one invalidation",
+     {{{Floor::boundRestedLine, 1}, {Floor::keyState, 2}, {Floor::invalidate, 1}}}}};
+constexpr Goal anEnter{
+    {"a line, a page, a scroll bar call (F1+F2+F3)", {{{Floor::line, 1}, {Floor::page, 1}, {Floor::scrollBar, 1}}}}, 1.15,
+    {"a page off screen, a bar, two key states",
+     {{{Floor::boundPage, 1}, {Floor::scrollBar, 1}, {Floor::keyState, 2}, {Floor::invalidate, 3}}}}};
 
 Beside TypeAt(const Bench& bench, HWND control, const std::function<void(int)>& place)
 {
@@ -64,16 +58,9 @@ int LineWith(const std::wstring& text, const wchar_t* what, std::size_t from)
     return static_cast<int>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), L'\n'));
 }
 
-void ReportEnter(const Bench& bench, HWND control)
+Beside TypeEnter(const Bench& bench, HWND control)
 {
-    const Beside enter = MeasureBeside(bench.floors, 60, [&] { Type(control, VK_RETURN, L'\r'); },
-                                       [&] { PutCaret(control, 0, 3); });
-    const Floors& f = enter.floors;
-    const TableRow row{bench.size.name, "Enter at line 0", enter.ns, "a line, a page, a scroll bar call (F1+F2+F3)",
-                       f[Floor::line] + f[Floor::page] + f[Floor::scrollBar], 1.15};
-    Print(row);
-    PrintBound(row, "a page off screen, a bar, two key states",
-               f[Floor::boundPage] + f[Floor::scrollBar] + 2 * f[Floor::keyState] + 3 * f[Floor::invalidate]);
+    return MeasureBeside(bench.floors, 60, [&] { Type(control, VK_RETURN, L'\r'); }, [&] { PutCaret(control, 0, 3); });
 }
 
 }  // namespace
@@ -81,15 +68,16 @@ void ReportEnter(const Bench& bench, HWND control)
 void BenchTyping(const Bench& bench)
 {
     const HWND control = MakeControl();
-    ReportRested(bench, "first keystroke after a load", TypeFirst(bench, control));
+    Report(bench, "first keystroke after a load", TypeFirst(bench, control), aRestedKeystroke);
     const int lines = static_cast<int>(edGetLineCount(control));
-    Report(bench, "keystroke in the middle",
-           TypeAt(bench, control, [&](int step) { PutCaret(control, lines / 2 - step, 4); }));
-    Report(bench, "keystroke at the far end",
-           TypeAt(bench, control, [&](int step) { PutCaret(control, lines - 1 - step, 4); }));
-    ReportRested(bench, "keystroke at either end by turns", TypeByTurns(bench, control, lines));
+    const auto middle = [&](int step) { PutCaret(control, lines / 2 - step, 4); };
+    Report(bench, "keystroke in the middle", TypeAt(bench, control, middle), aKeystroke);
+    const auto end = [&](int step) { PutCaret(control, lines - 1 - step, 4); };
+    Report(bench, "keystroke at the far end", TypeAt(bench, control, end), aKeystroke);
+    Report(bench, "keystroke at either end by turns", TypeByTurns(bench, control, lines), aRestedKeystroke);
     const int comment = LineWith(bench.text, L"//", bench.text.size() / 3);
-    Report(bench, "keystroke on a line with //", TypeAt(bench, control, [&](int) { PutCaret(control, comment, 1); }));
-    ReportEnter(bench, control);
+    const auto onComment = [&](int) { PutCaret(control, comment, 1); };
+    Report(bench, "keystroke on a line with //", TypeAt(bench, control, onComment), aKeystroke);
+    Report(bench, "Enter at line 0", TypeEnter(bench, control), anEnter);
     edDestroyCtrl(control);
 }

@@ -7,40 +7,29 @@
 
 namespace {
 
-void Repaint(const Bench& bench, HWND control)
+constexpr Goal fullPage{
+    {"a page of 46 rows, 10 runs each (F2)", {{{Floor::page, 1}}}}, 1.5,
+    {"a page off screen", {{{Floor::boundPage, 1}}}}};
+constexpr Goal aLineDown{
+    {"a line, a scroll bar call (F1+F3)", {{{Floor::line, 1}, {Floor::scrollBar, 1}}}}, 1.2,
+    {"a line off screen, a bar, a shift", {{{Floor::boundLine, 1}, {Floor::scrollBar, 1}, {Floor::shift, 1}}}}};
+// A page has nothing to move: all of it is painted.
+constexpr Goal aPageDown{
+    {"a page, a scroll bar call (F2+F3)", {{{Floor::page, 1}, {Floor::scrollBar, 1}}}}, 1.2,
+    {"a page off screen, a bar", {{{Floor::boundPage, 1}, {Floor::scrollBar, 1}}}}};
+
+Beside Repaint(const Bench& bench, HWND control)
 {
-    const Beside paint = MeasureBeside(bench.floors, 100, [&] {
+    return MeasureBeside(bench.floors, 100, [&] {
         ::InvalidateRect(control, nullptr, TRUE);
         ::UpdateWindow(control);
     });
-    const TableRow row{bench.size.name, "full page paint", paint.ns, "a page of 46 rows, 10 runs each (F2)",
-                       paint.floors[Floor::page], 1.5};
-    Print(row);
-    PrintBound(row, "a page off screen", paint.floors[Floor::boundPage]);
 }
 
-void ScrollByALine(const Bench& bench, HWND control)
+Beside Scroll(const Bench& bench, HWND control, int rounds, int code)
 {
-    const Beside scroll =
-        MeasureBeside(bench.floors, 150, [&] { ::SendMessageW(control, WM_VSCROLL, SB_LINEDOWN, 0); });
-    const Floors& f = scroll.floors;
-    const TableRow row{bench.size.name, "scroll by a line", scroll.ns, "a line, a scroll bar call (F1+F3)",
-                       f[Floor::line] + f[Floor::scrollBar], 1.2};
-    Print(row);
-    PrintBound(row, "a line off screen, a bar, a shift",
-               f[Floor::boundLine] + f[Floor::scrollBar] + f[Floor::shift]);
-}
-
-void ScrollByAPage(const Bench& bench, HWND control)
-{
-    const Beside scroll =
-        MeasureBeside(bench.floors, 100, [&] { ::SendMessageW(control, WM_VSCROLL, SB_PAGEDOWN, 0); });
-    const Floors& f = scroll.floors;
-    const TableRow row{bench.size.name, "scroll by a page", scroll.ns, "a page, a scroll bar call (F2+F3)",
-                       f[Floor::page] + f[Floor::scrollBar], 1.2};
-    Print(row);
-    PrintBound(row, "a page off screen, a bar, a shift of a page",
-               f[Floor::boundPage] + f[Floor::scrollBar] + f[Floor::shiftPage]);
+    return MeasureBeside(bench.floors, rounds,
+                         [&] { ::SendMessageW(control, WM_VSCROLL, static_cast<WPARAM>(code), 0); });
 }
 
 // The first jump to the end after a load, beside the second.
@@ -69,9 +58,9 @@ void BenchView(const Bench& bench)
     const int lines = static_cast<int>(edGetLineCount(control));
     edSetScrollPosition(control, lines / 2, -1);
     Drain();
-    Repaint(bench, control);
-    ScrollByALine(bench, control);
-    ScrollByAPage(bench, control);
+    Report(bench, "full page paint", Repaint(bench, control), fullPage);
+    Report(bench, "scroll by a line", Scroll(bench, control, 150, SB_LINEDOWN), aLineDown);
+    Report(bench, "scroll by a page", Scroll(bench, control, 100, SB_PAGEDOWN), aPageDown);
     Jumps(bench, control, lines);
     edDestroyCtrl(control);
 }

@@ -168,12 +168,6 @@ void FloorWindow::Shift()
     ::ScrollWindow(m_window, 0, -lineHeight, &rows, &rows);
 }
 
-void FloorWindow::ShiftPage()
-{
-    const RECT rows{0, 0, m_client.cx, pageRows * lineHeight};
-    ::ScrollWindow(m_window, 0, -pageRows * lineHeight, &rows, &rows);
-}
-
 void FloorWindow::AskKeys()
 {
     static_cast<void>(::GetKeyState(VK_CONTROL));
@@ -208,7 +202,6 @@ void FloorWindow::SampleCalls()
     Time(Floor::keyState, 20, &FloorWindow::AskKeys);
     Time(Floor::invalidate, 20, &FloorWindow::InvalidateLine);
     Time(Floor::shift, 12, &FloorWindow::Shift, &FloorWindow::Validate);
-    Time(Floor::shiftPage, 12, &FloorWindow::ShiftPage, &FloorWindow::Validate);
     ::ValidateRect(m_window, nullptr);
 }
 

@@ -17,7 +17,6 @@ enum class Floor {
     boundRestedLine,  ///< such a line behind such a page and a rest
     invalidate,  ///< one invalidation
     shift,       ///< ScrollWindow by a line, the caret on the page
-    shiftPage,   ///< ScrollWindow by a page, the caret on it
     keyState,    ///< one question about the keyboard's state
     count
 };
@@ -79,7 +78,6 @@ private:
     void MoveCaret();
     void SetBar();
     void Shift();
-    void ShiftPage();
     void AskKeys();
     void Validate();
 

@@ -27,10 +27,9 @@ void PrintFloors(FloorWindow& window)
     const MemoryFloors memory = MeasureMemoryFloors();
     std::printf("floors: F1 %.0f ns, F2 %.0f ns, F3 %.0f ns, F4 %.3f ns, F5 %.3f ns, F6 %.3f ns a byte\n",
                 f[Floor::line], f[Floor::page], f[Floor::scrollBar], memory.fault, memory.scan, memory.copy);
-    std::printf("bound to: a line %.0f ns, a page %.0f ns, a shift by a line %.0f ns and by a page %.0f ns, "
+    std::printf("bound to: a line %.0f ns, a page %.0f ns, a shift by a line %.0f ns, "
                 "a key state %.0f ns, an invalidation %.0f ns\n",
-                f[Floor::boundLine], f[Floor::boundPage], f[Floor::shift], f[Floor::shiftPage], f[Floor::keyState],
-                f[Floor::invalidate]);
+                f[Floor::boundLine], f[Floor::boundPage], f[Floor::shift], f[Floor::keyState], f[Floor::invalidate]);
 }
 
 }  // namespace
