@@ -9,6 +9,10 @@
 
 void xTDeletion::Run(bool& begun)
 {
+    if (m_held && m_held->IsWholeText()) {
+        TakeWholeText();
+        begun = true;
+    }
     while (m_count >= 1 && m_cursor.line < m_store.line_count()) {
         if (!TakeWholeLines())
             Round();
@@ -115,6 +119,24 @@ void xTDeletion::Store(std::int32_t index, const xTExtString& line)
 {
     m_store.lines[index].copy_data(line);
     m_store.note_change(index, index);
+}
+
+// What doing the rounds of all lines comes to where none is too long to be joined: the last line stays, for the round
+// that takes its characters, with the marks of the empty lines before it that it was joined to.
+void xTDeletion::TakeWholeText()
+{
+    const std::int32_t last = m_store.line_count() - 1;
+    std::int32_t heir = last;
+    while (heir > 0 && m_store.line_length(heir - 1) == 0)
+        --heir;
+    m_store.lines[last].m_flags = m_store.lines[heir].m_flags;
+    m_store.lines[last].m_snapshotLine = m_store.lines[heir].m_snapshotLine;
+    for (std::int32_t line = 0; line < last && m_store.comments_valid; ++line)
+        m_store.comments_valid = !HoldsCommentMark(m_store.lines[line].m_text);
+    std::exchange(m_held, nullptr)->TakeLines(m_store.lines);
+    m_store.note_change(0, 0);
+    m_count = m_store.line_length(0);
+    m_firstRound = false;
 }
 
 // Does the rounds of all lines from the cursor's on that go as a whole, and removes their records in one block.

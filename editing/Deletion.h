@@ -29,6 +29,7 @@ private:
     void TakeTail(xTExtString& line);
     void RemoveFrom(xTExtString& line, std::int32_t count) const;
     void Finish(std::int64_t taken);
+    void TakeWholeText();
     bool TakeWholeLines();
     bool StepOverWholeLine(std::int32_t index, std::int32_t& heir);
     void StepToHeldLines(const xTExtString& line);

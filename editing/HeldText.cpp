@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr std::int32_t longestText = std::numeric_limits<std::int32_t>::max() / 4;
+
 bool TabsStay(const xTMemStorage& store) noexcept
 {
     return !store.attribs || store.attribs->m_keepTabs;
@@ -65,10 +67,9 @@ bool FitsInLine(std::int32_t present, std::int32_t added) noexcept
 
 }  // namespace
 
-// What the range is, its lines not being in here yet; null when that has to be a string.
-std::shared_ptr<xTHeldText> xTHeldText::LookAt(const xTMemStorage& store, const xTPos& from, const xTPos& to)
+// A text without its whole lines. Null where there are none.
+std::shared_ptr<xTHeldText> xTHeldText::Ends(const xTMemStorage& store, const xTPos& from, const xTPos& last)
 {
-    const xTPos last = std::min(to, store.end_pos());
     if (!store.is_valid_pos(from) || last.line - from.line < 2)
         return nullptr;
     std::shared_ptr<xTHeldText> text(new xTHeldText);
@@ -76,10 +77,32 @@ std::shared_ptr<xTHeldText> xTHeldText::LookAt(const xTMemStorage& store, const 
     text->m_tail = store.lines[last.line].m_text.Left(std::min(last.col, store.line_length(last.line)) + 1);
     text->m_firstLine = from.line + 1;
     text->m_lineCount = last.line - from.line - 1;
-    return text->LookAtLines(store) ? std::move(text) : nullptr;
+    text->m_marksRight = !store.stale.Meets(from.line + 1, last.line - 1, store.line_count());
+    return text;
+}
+
+// What the range is, its lines not being in here yet; null when that has to be a string.
+std::shared_ptr<xTHeldText> xTHeldText::LookAt(const xTMemStorage& store, const xTPos& from, const xTPos& to)
+{
+    std::shared_ptr<xTHeldText> text = Ends(store, from, std::min(to, store.end_pos()));
+    if (!text)
+        return nullptr;
+    text->m_facts = text->LookAtLines(store.lines, text->m_firstLine);
+    const bool readsAsItIs = !text->m_facts->isParted && (!text->m_facts->holdsTab || TabsStay(store));
+    return readsAsItIs ? std::move(text) : nullptr;
 }
 
 std::shared_ptr<xTHeldText> xTHeldText::Plan(const xTMemStorage& store, const xTPos& from, const xTPos& to)
+{
+    const xTPos end = store.end_pos();
+    if (from == xTPos(0, 0) && to.line >= end.line && (to.line > end.line || to.col >= end.col - 1)) {
+        if (std::shared_ptr<xTHeldText> text = PlanWholeText(store))
+            return text;
+    }
+    return PlanLines(store, from, to);
+}
+
+std::shared_ptr<xTHeldText> xTHeldText::PlanLines(const xTMemStorage& store, const xTPos& from, const xTPos& to)
 {
     std::shared_ptr<xTHeldText> text = LookAt(store, from, to);
     if (!text || !text->GoesLineByLine(store, from))
@@ -88,12 +111,27 @@ std::shared_ptr<xTHeldText> xTHeldText::Plan(const xTMemStorage& store, const xT
     return text;
 }
 
+// Null where only a look at each line could tell whether it is held, and what its deletion leaves.
+std::shared_ptr<xTHeldText> xTHeldText::PlanWholeText(const xTMemStorage& store)
+{
+    constexpr std::int32_t mostLines = longestText / (xTMemStorage::joinLimit + 1);
+    if (!TabsStay(store) || !store.has_short_lines() || store.line_count() > mostLines)
+        return nullptr;
+    std::shared_ptr<xTHeldText> text = Ends(store, {0, 0}, store.end_pos());
+    if (!text)
+        return nullptr;
+    text->m_isWholeText = true;
+    text->m_ahead = 1;  // the first line goes with the others: its characters are the head
+    store.lines.ReserveForTakeOut(text->m_lineCount + text->m_ahead, text->m_lines);
+    return text;
+}
+
 std::shared_ptr<xTHeldText> xTHeldText::Plan(const xTMemStorage& store, const xTPos& from, std::int32_t count,
                                              const CString& text)
 {
     if (!store.is_valid_pos(from) || count != text.GetLength())
         return nullptr;
-    std::shared_ptr<xTHeldText> planned = Plan(store, from, LastOf(store, from, count));
+    std::shared_ptr<xTHeldText> planned = PlanLines(store, from, LastOf(store, from, count));
     const bool same = planned && planned->Length() == count && planned->Spells(text, store.lines, planned->m_firstLine);
     return same ? std::move(planned) : nullptr;
 }
@@ -126,7 +164,7 @@ bool xTHeldText::Spells(WStrView text, const CArray<xTExtString>& lines, std::in
 bool xTHeldText::GoesLineByLine(const xTMemStorage& store, const xTPos& from) const
 {
     const std::int32_t first = store.line_length(from.line);
-    const std::int32_t longest = std::max(m_longest, store.line_length(m_firstLine + m_lineCount));
+    const std::int32_t longest = std::max(Facts().longest, store.line_length(m_firstLine + m_lineCount));
     if (from.col == 0)
         return std::max(first, longest) <= xTMemStorage::joinLimit;
     if (m_head.IsEmpty())
@@ -134,53 +172,56 @@ bool xTHeldText::GoesLineByLine(const xTMemStorage& store, const xTPos& from) co
     return longest <= xTMemStorage::joinLimit;
 }
 
-bool xTHeldText::LookAtLines(const xTMemStorage& store)
+const xTHeldText::xTFacts& xTHeldText::Facts() const
 {
-    const bool tabsStay = TabsStay(store);
-    if (!LookAtLine(m_head, tabsStay) || !LookAtLine(m_tail, tabsStay))
-        return false;
-    std::int64_t length = 0;
-    m_marksRight = !store.stale.Meets(m_firstLine, m_firstLine + m_lineCount - 1, store.line_count());
-    for (std::int32_t index = m_firstLine; index < m_firstLine + m_lineCount; ++index) {
-        const xTExtString& line = store.lines[index];
-        const CString& text = line.m_text;
-        if (!LookAtLine(text, tabsStay))
-            return false;
-        length += text.GetLength() + 1;
-        m_longest = std::max(m_longest, text.GetLength());
-        m_emptyAtEnd = text.IsEmpty() ? m_emptyAtEnd + 1 : 0;
-        m_marksRight = m_marksRight && line.m_attrs.GetLength() == text.GetLength();
-    }
-    constexpr std::int64_t longestText = std::numeric_limits<std::int32_t>::max() / 4;
-    m_wholeLength = static_cast<std::int32_t>(std::min(length, longestText));
-    return length < longestText;
+    if (!m_facts)
+        m_facts = LookAtLines(m_lines, m_ahead);
+    return *m_facts;
 }
 
-bool xTHeldText::LookAtLine(WStrView text, bool tabsStay)
+// The whole lines are those of an array from `first` on.
+xTHeldText::xTFacts xTHeldText::LookAtLines(const CArray<xTExtString>& lines, std::int32_t first) const
 {
-    if (!m_holdsMark && HoldsCommentUnit(text)) {
-        m_holdsUnit = true;
-        m_holdsMark = HoldsCommentMark(text);
+    xTFacts facts;
+    facts.LookAt(m_head);
+    facts.LookAt(m_tail);
+    std::int64_t length = 0;
+    for (std::int32_t index = first; index < first + m_lineCount; ++index) {
+        const xTExtString& line = lines[index];
+        const CString& text = line.m_text;
+        facts.LookAt(text);
+        length += text.GetLength() + 1;
+        facts.longest = std::max(facts.longest, text.GetLength());
+        facts.emptyAtEnd = text.IsEmpty() ? facts.emptyAtEnd + 1 : 0;
+        facts.hasAllWords = facts.hasAllWords && line.m_attrs.GetLength() == text.GetLength();
+    }
+    facts.wholeLength = static_cast<std::int32_t>(std::min<std::int64_t>(length, longestText));
+    facts.isParted = facts.isParted || length >= longestText;
+    return facts;
+}
+
+void xTHeldText::xTFacts::LookAt(WStrView text)
+{
+    if (!holdsMark && HoldsCommentUnit(text)) {
+        holdsUnit = true;
+        holdsMark = HoldsCommentMark(text);
     }
     if (!AnyUnitUpTo(text, _T('\r')))
-        return true;  // nearly every line
+        return;  // nearly every line
     const std::size_t indent = std::min(text.find_first_not_of(_T('\t')), text.size());
     const WStrView rest = text.substr(indent);
-    if (indent > 0 || FindUnit(rest, _T('\t'), 0) < rest.size()) {
-        m_holdsTab = true;
-        if (!tabsStay)
-            return false;  // what is read of it has spaces there
-    }
-    return !AnyUnitUpTo(rest, _T('\r')) || !IsParted(rest);
+    holdsTab = holdsTab || indent > 0 || FindUnit(rest, _T('\t'), 0) < rest.size();
+    isParted = isParted || (AnyUnitUpTo(rest, _T('\r')) && IsParted(rest));
 }
 
 bool xTHeldText::FitsAt(const xTMemStorage& store, const xTPos& pos) const
 {
-    if (!store.is_valid_pos(pos) || (m_holdsTab && !TabsStay(store)))
+    const xTFacts& facts = Facts();
+    if (!store.is_valid_pos(pos) || facts.isParted || (facts.holdsTab && !TabsStay(store)))
         return false;
     const std::int32_t present = store.line_length(pos.line);
     const std::int32_t behind = present - pos.col;  // all but the first piece comes in before the rest of the line
-    return FitsInLine(present, m_head.GetLength()) && FitsInLine(behind, std::max(m_longest, m_tail.GetLength()));
+    return FitsInLine(present, m_head.GetLength()) && FitsInLine(behind, std::max(facts.longest, m_tail.GetLength()));
 }
 
 bool xTHeldText::PutBack(xTMemStorage& store)
@@ -200,7 +241,7 @@ bool xTHeldText::PutBack(xTMemStorage& store)
 // What inserting each line before the rest of the caret's line and splitting behind it gives.
 void xTHeldText::PutLines(xTMemStorage& store)
 {
-    if (m_holdsUnit)
+    if (Facts().holdsUnit)
         store.comments_valid = false;
     const std::int32_t at = store.caret.line;
     if (BringsMarks())
@@ -213,8 +254,10 @@ void xTHeldText::PutLines(xTMemStorage& store)
 void xTHeldText::PutMarkedLines(xTMemStorage& store, std::int32_t at)
 {
     xTExtString* const lines = store.lines.InsertAt(at, m_lineCount);
-    for (std::int32_t i = 0; i < m_lineCount; ++i)
-        ShareLine(lines[i], m_lines[i], true);
+    const std::int32_t count = m_lineCount;
+    const std::int32_t ahead = m_ahead;
+    for (std::int32_t i = 0; i < count; ++i)
+        ShareLine(lines[i], m_lines[ahead + i], true);
     store.stale.Insert(at, m_lineCount, store.line_count());
     store.set_caret_raw({at + m_lineCount, 0});
 }
@@ -224,7 +267,7 @@ void xTHeldText::PutPlainLines(xTMemStorage& store, std::int32_t at)
     const xTLineFrame frame(store.lines[at]);
     store.lines.Reserve(store.lines.GetSize() + m_lineCount);
     for (std::int32_t i = 0; i < m_lineCount; ++i) {
-        xTExtString line(m_lines[i].m_text.Share());
+        xTExtString line(m_lines[m_ahead + i].m_text.Share());
         frame.Dress(line);
         *store.lines.InsertAt(at + i) = std::move(line);
         store.note_change(at + i, at + i);
@@ -242,7 +285,7 @@ CString xTHeldText::Spelt() const
     put(m_head);
     *place++ = _T('\n');
     for (std::int32_t line = 0; line < m_lineCount; ++line) {
-        put(m_lines[line].m_text);
+        put(m_lines[m_ahead + line].m_text);
         *place++ = _T('\n');
     }
     put(m_tail);

@@ -4,7 +4,9 @@
 #include "store/MyStr.h"
 #include "store/Positions.h"
 
+#include <limits>
 #include <memory>
+#include <optional>
 
 class xTMemStorage;
 
@@ -33,20 +35,22 @@ public:
     /// The first of the whole lines in the store, and how many they are.
     [[nodiscard]] std::int32_t FirstLine() const noexcept { return m_firstLine; }
     [[nodiscard]] std::int32_t LineCount() const noexcept { return m_lineCount; }
+    /// Is it all of the store's text? Such a one goes as it is and is looked at only when it is wanted back.
+    [[nodiscard]] bool IsWholeText() const noexcept { return m_isWholeText; }
     /// The characters of the whole lines, each with its break, and those of the text.
-    [[nodiscard]] std::int32_t WholeLength() const noexcept { return m_wholeLength; }
-    [[nodiscard]] std::int32_t Length() const noexcept
-    {
-        return m_head.GetLength() + 1 + m_wholeLength + m_tail.GetLength();
-    }
+    [[nodiscard]] std::int32_t WholeLength() const { return Facts().wholeLength; }
+    [[nodiscard]] std::int32_t Length() const { return m_head.GetLength() + 1 + WholeLength() + m_tail.GetLength(); }
+    /// The length where that is known.
+    [[nodiscard]] std::int32_t CountedLength() const { return m_facts ? Length() : uncounted; }
+    static constexpr std::int32_t uncounted = std::numeric_limits<std::int32_t>::max();
     /// Of the whole lines: how many empty ones stand at their end, and whether there is a `/` or a `*`.
-    [[nodiscard]] std::int32_t EmptyAtEnd() const noexcept { return m_emptyAtEnd; }
-    [[nodiscard]] bool HoldsMark() const noexcept { return m_holdsMark; }
+    [[nodiscard]] std::int32_t EmptyAtEnd() const { return Facts().emptyAtEnd; }
+    [[nodiscard]] bool HoldsMark() const { return Facts().holdsMark; }
 
     /// Moves the whole lines in here from where they were looked at. It cannot fail: the room is there since then.
     void TakeLines(CArray<xTExtString>& lines)
     {
-        lines.TakeOut(m_firstLine, m_lineCount, m_lines);
+        lines.TakeOut(m_firstLine - m_ahead, m_lineCount + m_ahead, m_lines);
         m_isTaken = true;
     }
     [[nodiscard]] bool IsTaken() const noexcept { return m_isTaken; }
@@ -58,31 +62,45 @@ public:
     [[nodiscard]] bool PutBack(xTMemStorage& store);
 
     [[nodiscard]] CString Spelt() const;
-    [[nodiscard]] bool Spells(WStrView text) const { return IsTaken() && Spells(text, m_lines, 0); }
+    [[nodiscard]] bool Spells(WStrView text) const { return IsTaken() && Spells(text, m_lines, m_ahead); }
 
 private:
     xTHeldText() = default;
+    // What a pass over the lines tells.
+    struct xTFacts {
+        std::int32_t wholeLength = 0;
+        std::int32_t longest = 0;
+        std::int32_t emptyAtEnd = 0;
+        bool isParted = false;   // a string of it would be read otherwise, or be too long
+        bool holdsTab = false;
+        bool holdsMark = false;  // a `/` or a `*`
+        bool holdsUnit = false;  // one of those or a backslash
+        bool hasAllWords = true;
+        void LookAt(WStrView text);
+    };
+    [[nodiscard]] static std::shared_ptr<xTHeldText> Ends(const xTMemStorage& store, const xTPos& from,
+                                                          const xTPos& last);
     [[nodiscard]] static std::shared_ptr<xTHeldText> LookAt(const xTMemStorage& store, const xTPos& from, const xTPos& to);
-    [[nodiscard]] bool LookAtLines(const xTMemStorage& store);
+    [[nodiscard]] static std::shared_ptr<xTHeldText> PlanWholeText(const xTMemStorage& store);
+    [[nodiscard]] static std::shared_ptr<xTHeldText> PlanLines(const xTMemStorage& store, const xTPos& from,
+                                                               const xTPos& to);
+    [[nodiscard]] const xTFacts& Facts() const;
+    [[nodiscard]] xTFacts LookAtLines(const CArray<xTExtString>& lines, std::int32_t first) const;
     [[nodiscard]] bool GoesLineByLine(const xTMemStorage& store, const xTPos& from) const;
-    [[nodiscard]] bool BringsMarks() const noexcept { return m_marksRight && m_holdsUnit; }
-    [[nodiscard]] bool LookAtLine(WStrView text, bool tabsStay);
+    [[nodiscard]] bool BringsMarks() const { return m_marksRight && Facts().hasAllWords && Facts().holdsUnit; }
     [[nodiscard]] bool Spells(WStrView text, const CArray<xTExtString>& lines, std::int32_t first) const;
     void PutLines(xTMemStorage& store);
     void PutMarkedLines(xTMemStorage& store, std::int32_t at);
     void PutPlainLines(xTMemStorage& store, std::int32_t at);
 
     CString m_head;
-    CArray<xTExtString> m_lines;
+    CArray<xTExtString> m_lines;  // the first `m_ahead` of them are of no use
     CString m_tail;
     std::int32_t m_firstLine = 0;
     std::int32_t m_lineCount = 0;
-    std::int32_t m_wholeLength = 0;
-    std::int32_t m_longest = 0;
-    std::int32_t m_emptyAtEnd = 0;
+    std::int32_t m_ahead = 0;
+    bool m_isWholeText = false;
     bool m_isTaken = false;
-    bool m_holdsTab = false;
-    bool m_holdsMark = false;  // a `/` or a `*`
-    bool m_holdsUnit = false;  // one of those or a backslash
     bool m_marksRight = false;  // the comment marks of the whole lines follow from how the first of them began
+    mutable std::optional<xTFacts> m_facts;
 };

@@ -172,7 +172,7 @@ void xTMemStorage::delete_selection(CString& text, xTPos& pos, std::int32_t& cou
     pos = first();
     std::shared_ptr<xTHeldText> lines = held ? xTHeldText::Plan(*this, first(), last()) : nullptr;
     CString gone;
-    const std::int32_t length = lines ? lines->Length() : selected_text(gone);
+    const std::int32_t length = lines ? lines->CountedLength() : selected_text(gone);
     set_caret_raw(first());
     text = std::move(gone);
     text.AppendChar(0);
@@ -257,5 +257,7 @@ void xTMemStorage::extend_selection(int direction)
 
 void xTMemStorage::note_change(std::int32_t first, std::int32_t last) noexcept
 {
+    for (std::int32_t line = first; line <= last; ++line)
+        m_hadLongLine = m_hadLongLine || (has_line(line) && lines[line].GetLength() > joinLimit);
     stale.Note(first, last, line_count());
 }

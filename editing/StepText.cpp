@@ -16,6 +16,11 @@ CString xTStepText::Spelt() const
     return text;
 }
 
+std::int32_t xTStepText::Counted(std::int32_t count) const
+{
+    return m_lines && count == xTHeldText::uncounted ? m_lines->Length() : count;
+}
+
 CString& xTStepText::String()
 {
     if (m_lines) {
@@ -49,6 +54,7 @@ void xTStepText::ShareWith(const xTStepText& other)
 
 void xTStepText::Insert(xTMemStorage& store, const xTPos& pos, std::int32_t& count, bool rejoin)
 {
+    count = Counted(count);
     if (!m_lines || rejoin || !store.put_back(pos, count, *m_lines))
         store.insert_text(pos, count, String(), rejoin);
 }

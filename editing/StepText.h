@@ -24,6 +24,8 @@ public:
     /// @return 0 for an empty text
     [[nodiscard]] WCHAR FirstCharacter() { return String().IsEmpty() ? WCHAR{0} : m_string[0]; }
     [[nodiscard]] bool IsHeld() const noexcept { return m_lines != nullptr; }
+    /// How many characters a step handles by its count: those of a whole text are counted only when they are asked for.
+    [[nodiscard]] std::int32_t Counted(std::int32_t count) const;
 
     /// Reads a range that stays where it is, both ends inclusive; `to` is clipped to the end of the text in place.
     /// @param count out: the length; 0 after a failure

@@ -75,9 +75,11 @@ public:
     bool apply();
     void undo();
     void redo();
+    /// `count`, counted where the whole text was deleted and nobody has asked yet.
+    [[nodiscard]] std::int32_t Count() const { return text.Counted(count); }
 
     xTPos pos;               ///< where the edit acts; the view is sent there before undo and redo
-    std::int32_t count = 0;  ///< characters of `text` that the edit handles; 0 keeps it off the stack
+    std::int32_t count = 0;  ///< characters of `text` that the edit handles, see Count(); 0 keeps it off the stack
     std::int32_t count2 = 0;
     xTStepText text;         ///< added or removed; for block kinds the lines before the change
     xTStepText text2;        ///< taken away by a move; for block kinds the lines after the change

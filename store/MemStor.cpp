@@ -40,6 +40,7 @@ void xTMemStorage::reset()
     selection = {};
     caret = {0, 0};
     stale = {};
+    m_hadLongLine = false;
 }
 
 bool xTMemStorage::load_text(const WCHAR* text, std::int32_t length)
@@ -148,6 +149,7 @@ void xTMemStorage::copy_from(const xTMemStorage& other)
         for (std::int32_t i = 0; i < other.line_count(); ++i)
             lines.Add(other.lines[i]);
         stale = other.stale;
+        m_hadLongLine = other.m_hadLongLine;
     });
 }
 

@@ -225,6 +225,8 @@ public:
     /// The lines from `first` to `last`, as they are numbered after the change, may need other marks; lines that came or
     /// went since the last call came or went there.
     void note_change(std::int32_t first, std::int32_t last) noexcept;
+    /// True when no line can be longer than a join makes it; a text that once had such a line may count as having it.
+    [[nodiscard]] bool has_short_lines() const noexcept { return !m_hadLongLine; }
 
 private:
     [[nodiscard]] bool has_line(std::int32_t line) const noexcept { return line >= 0 && line < line_count(); }
@@ -252,4 +254,6 @@ private:
     void split_pages(const xTPrintSetup& setup, xTPrintJob& job) const;
     [[nodiscard]] xTPos closing_behind(xTPos at) const;
     void mark_range(const xTPos& start, const xTPos& behind);
+
+    bool m_hadLongLine = false;
 };

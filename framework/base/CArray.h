@@ -107,6 +107,10 @@ public:
         const index rest = m_size - count;
         if (to.m_size != 0 || to.m_capacity < std::min(count, rest))
             ThrowInvalidArgException();
+        if (at == 0 && count > rest) {
+            KeepFirst(count, to);
+            return;
+        }
         MoveGapTo(at + count);
         if (count <= rest) {
             Relocate(to.m_data, m_data + at, count);
@@ -182,6 +186,19 @@ private:
         else if (at > m_gap)
             Relocate(m_data + m_gap, BehindGap(), at - m_gap);
         m_gap = at;
+    }
+
+    // The records behind the first `count` stand at the end of the block: it ends before them from now on, and nothing
+    // else moves. They are all that stays in this array; the block is that of `to`.
+    void KeepFirst(index count, CArray& to) noexcept
+    {
+        const index rest = m_size - count;
+        MoveGapTo(std::min(m_gap, count));
+        m_capacity -= rest;
+        m_size = count;
+        Relocate(to.m_data, m_data + m_capacity, rest);
+        to.m_size = to.m_gap = rest;
+        Swap(to);
     }
 
     // Moves the gap as little as may be so that a run lies around it.

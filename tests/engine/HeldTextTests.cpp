@@ -123,7 +123,7 @@ TEST_F(HeldText, IsNoneWhereTabsReadAsSpaces)
 TEST_F(HeldText, IsNoneWhereALineHoldsALineFeedOrAZero)
 {
     for (const WCHAR parting : {WCHAR{'\n'}, WCHAR{0}}) {
-        given("a\nb\nc|");
+        given("a\nb\ncd|");
         CString line = S("bb");
         line.Insert(1, parting);
         store.lines[1] = xTExtString(line);
@@ -131,6 +131,67 @@ TEST_F(HeldText, IsNoneWhereALineHoldsALineFeedOrAZero)
         EXPECT_FALSE(isHeld());
         given("");
     }
+}
+
+// Nothing is asked of its lines when it goes: what it is shows when it is wanted back.
+TEST_F(HeldText, OfAWholeTextWithALineFeedInALineComesBackAsAString)
+{
+    given("a\nb\nc|");
+    put(1, S("b\nb"));
+    erase({0, 0}, {2, 1});
+    EXPECT_TRUE(isHeld());
+    EXPECT_EQ(marked(), "|");
+    stack.undo();
+    EXPECT_FALSE(stack.redoList.front().text.IsHeld());
+    EXPECT_EQ(marked(), "a\\nb\\nb\\nc|");
+    stack.redo();
+    EXPECT_EQ(marked(), "|");
+}
+
+TEST_F(HeldText, OfAWholeTextIsCountedWhenThatIsAskedFor)
+{
+    given("ab\n\ncd\n|");
+    erase({0, 0}, {3, 0});
+    ASSERT_TRUE(isHeld());
+    EXPECT_EQ(marked(), "|");
+    EXPECT_EQ(stack.undoList.front().Count(), 7);
+    EXPECT_EQ(stack.undoList.front().text.Spelt(), CString(WStrView(_T("ab\n\ncd\n\0"), 8)));
+    stack.undo();
+    EXPECT_EQ(stack.redoList.front().count, 7);
+    EXPECT_EQ(marked(), "ab\\n\\ncd\\n|");
+    stack.redo();
+    EXPECT_EQ(marked(), "|");
+}
+
+// The line that stays is the last one, but with the marks of the first of the empty lines that it is joined to.
+TEST_F(HeldText, OfAWholeTextLeavesTheMarksThatItsDeletionLineByLineDoes)
+{
+    for (const std::int32_t marks : {1, 2, 3, 4}) {
+        given("ab\nx\nx\nx\ncd|");
+        store.take_snapshot();
+        for (std::int32_t i = marks; i < 4; ++i) {
+            store.lines[i].m_text.Empty();
+            store.lines[i].m_attrs.Empty();
+            store.note_change(i, i);
+        }
+        store.lines[marks].m_flags |= xTExtString::flagBreakPoint;
+        erase({0, 0}, {4, 2});
+        ASSERT_TRUE(isHeld());
+        EXPECT_TRUE(store.has_break_point(0)) << marks;
+        EXPECT_EQ(store.snapshot_old_line(0), marks);
+    }
+}
+
+TEST_F(HeldText, OfAWholeTextIsLookedAtBeforeWhereALineHasBeenTooLong)
+{
+    given("a\n\nb\nc|");
+    put(2, Filled('x', 513));
+    erase({0, 0}, {3, 1});
+    EXPECT_FALSE(isHeld());
+    EXPECT_EQ(line(0), "c") << "the join that stops at the limit leaves one character";
+    store.load_text(_T("a\nb\nc"), 1);
+    erase({0, 0}, {2, 1});
+    EXPECT_TRUE(isHeld());
 }
 
 TEST_F(HeldText, IsNoneWhereAJoinWouldStopAtTheLimit)

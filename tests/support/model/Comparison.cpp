@@ -96,7 +96,7 @@ void CompareStep(xTFinder& finder, const xTNaiveOperation& model, const xTOperat
 {
     finder.Same("kind", model.kind, static_cast<int>(engine.kind));
     finder.Same("pos", model.pos, engine.pos);
-    finder.Same("count", model.count, static_cast<int>(engine.count));
+    finder.Same("count", model.count, static_cast<int>(engine.Count()));
     finder.Same("count2", model.count2, static_cast<int>(engine.count2));
     finder.Same("from", model.from, engine.from);
     finder.Same("to", model.to, engine.to);
