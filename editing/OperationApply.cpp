@@ -5,6 +5,7 @@
 #include "editing/operations.h"
 #include "store/MemStor.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -21,6 +22,15 @@ std::size_t LeadingBlanks(WStrView text) noexcept
     while (blanks < text.size() && IsBlank(text[blanks]))
         ++blanks;
     return blanks == text.size() ? 0 : blanks;
+}
+
+// From the start of a line through `to`, each break counted as one character.
+std::int32_t LengthThrough(const xTMemStorage& store, std::int32_t line, const xTPos& to)
+{
+    std::int32_t length = std::min(to.col + 1, store.line_length(to.line));
+    for (; line < to.line; ++line)
+        length += store.line_length(line) + 1;
+    return length;
 }
 
 }  // namespace
@@ -82,16 +92,21 @@ void xTOperation::auto_indent()
 // The earlier of the two places in the text is touched last, so that no position needs adjusting by hand.
 void xTOperation::apply_block()
 {
+    // No memory for it at its new place: it stays at its old one, since there will be no step to bring it back by.
+    const auto noneCameIn = [&, wanted = count] { return wanted > 0 && count == 0; };
     after_source = pos >= from;
     if (after_source) {
         text.Insert(*store, pos, count);
         store->select_range(pos, store->caret);
+        move = move && !noneCameIn();
     }
     if (move && from != xTPos::none && to != xTPos::none)
         move = text2.Delete(*store, from, count2);
     if (!after_source) {
         text.Insert(*store, pos, count);
         store->select_range(pos, store->caret);
+        if (move && noneCameIn())
+            text2.Insert(*store, from, count2);
     }
     ensure_caret_visible();
     invalidate();
@@ -181,7 +196,8 @@ void xTOperation::apply_to_selection()
     from = store->first();
     to = store->last();
     pos = from;
-    text.Read(*store, from, store->selection.last, count);
+    if (!text.Read(*store, from, store->selection.last, count))
+        return;  // nothing is changed that could not be undone
     transform_selection();
     invalidate();
 }
@@ -198,14 +214,16 @@ void xTOperation::transform_selection()
 // swap the two texts whole.
 void xTOperation::apply_to_lines()
 {
+    changed = store->selection;
     pos = {store->first().line, 0};
     xTPos end{store->last().line + 1, 0};
     // The end is clipped to the text as it is now and stays there: when the last line of the text grows, the text behind
     // the change is recorded only so far. Required.
-    text.Read(*store, pos, end, count);
+    if (!text.Read(*store, pos, end, count))
+        return;  // nothing is changed that could not be undone
     transform_lines();
     if (!text2.Read(*store, pos, end, count2))
-        count = 0;  // neither undo nor redo could work without the new text
+        count2 = LengthThrough(*store, pos.line, end);  // all that undo needs
 }
 
 void xTOperation::transform_lines()

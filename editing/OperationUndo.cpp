@@ -52,7 +52,7 @@ void xTOperation::undo_kind()
         break;
     case replace_all: swap_matches(true); break;
     case change_case:
-    case switch_layout: 
+    case switch_layout:
         store->delete_text(from, count);
         text.Insert(*store, from, count);
         break;
@@ -83,7 +83,7 @@ void xTOperation::redo_kind()
     case unindent:
     case indent:
     case comment:
-    case uncomment: swap_texts(text, count, text2, count2); break;
+    case uncomment: redo_lines(); break;
     default: apply(); break;
     }
 }
@@ -125,6 +125,18 @@ void xTOperation::undo_block()
     if (after_source)
         text.Delete(*store, pos, count);
     ensure_caret_visible();
+}
+
+// Without the new text, for which there was no memory, the lines are changed once more.
+void xTOperation::redo_lines()
+{
+    if (!text2.IsEmpty() || count2 == 0) {
+        swap_texts(text, count, text2, count2);
+        return;
+    }
+    store->selection = changed;
+    apply_to_lines();
+    clear_selection();
 }
 
 void xTOperation::swap_texts(xTStepText& present, std::int32_t& removed, xTStepText& wanted, std::int32_t& added)

@@ -23,6 +23,7 @@ public:
     [[nodiscard]] CString& String();
     /// @return 0 for an empty text
     [[nodiscard]] WCHAR FirstCharacter() { return String().IsEmpty() ? WCHAR{0} : m_string[0]; }
+    [[nodiscard]] bool IsEmpty() const noexcept { return !m_lines && m_string.IsEmpty(); }
     [[nodiscard]] bool IsHeld() const noexcept { return m_lines != nullptr; }
     /// How many characters a step handles by its count: those of a whole text are counted only when they are asked for.
     [[nodiscard]] std::int32_t Counted(std::int32_t count) const;

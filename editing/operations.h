@@ -98,6 +98,7 @@ public:
     /// In the order of replacing. Filled and walked from one end only, so no deque: an empty one of those costs every
     /// keystroke two blocks.
     std::vector<xTReplaceRecord> replacements;
+    xTSelection changed;        ///< block kinds: the selection as it stood, for a redo without the new text
     bool split = false;         ///< the deletion stopped at the join limit; undo hands it back as `rejoin`
 
 private:
@@ -129,6 +130,7 @@ private:
     void undo_block();
     void redo_kind();
     void insert_and_show();
+    void redo_lines();
     void swap_texts(xTStepText& present, std::int32_t& removed, xTStepText& wanted, std::int32_t& added);
     void swap_match(const CString& present, const CString& wanted);
     void swap_matches(bool back);

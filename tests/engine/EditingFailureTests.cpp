@@ -166,6 +166,14 @@ INSTANTIATE_TEST_SUITE_P(Scenes, FailingMemory, testing::ValuesIn(scenes),
 
 class Failures : public xTEditingFixture {
 protected:
+    [[nodiscard]] std::string text() const
+    {
+        std::string all = line(0);
+        for (std::int32_t i = 1; i < store.line_count(); ++i)
+            all += "\n" + line(i);
+        return all;
+    }
+
     xTLogFile log;
 };
 
@@ -215,6 +223,35 @@ TEST_F(Failures, LinesThatCouldNotBePutBackComeBackTheNextTime)
             stack.redo();
             stack.undo();
             EXPECT_EQ(lengths(), "2 2 5 2 3") << "edit " << &edit - edits << ", with memory out from " << n << " on";
+        }
+    }
+}
+
+// Of a block that is changed both the old and the new text are kept. One that cannot be had must not cost the other.
+TEST_F(Failures, ABlockThatWasChangedCanBeUndoneWhereverMemoryHasFailed)
+{
+    const std::function<void(xTOperStack&)> changes[] = {
+        [](auto& s) { s.add_case(true); },      [](auto& s) { s.add_layout(); },   [](auto& s) { s.add_indent(true); },
+        [](auto& s) { s.add_indent(false); },   [](auto& s) { s.add_comment(0); }, [](auto& s) { s.add_comment(1); },
+    };
+    const std::string before = "  ab\n  //cd\n  //ef\ngh";
+    for (const auto& change : changes) {
+        given("  ab\n  //[cd\n  //]|ef\ngh");
+        change(stack);
+        const std::string whole = text();
+        for (int n = 0, failures = 1; failures > 0; ++n) {
+            stack.clear_undo();
+            given("  ab\n  //[cd\n  //]|ef\ngh");
+            {
+                const xTFailingNew failing(n);
+                change(stack);
+                failures = xTFailingNew::Failures();
+            }
+            const std::string changed = text();
+            stack.undo();
+            EXPECT_EQ(text(), before) << n << " of change " << &change - changes;
+            stack.redo();
+            EXPECT_TRUE(text() == changed || text() == whole) << text() << n << " of change " << &change - changes;
         }
     }
 }
