@@ -206,13 +206,21 @@ std::int32_t xTExtString::ReplaceTabs(WStrView spaces)
     if (spaces.find(_T('\t')) != WStrView::npos)
         return 0;  // each replacement would bring a new tab
     const xTExtString piece{spaces};
+    // Without memory for all of them the tabs stay: one that is gone with nothing in its place could not be counted.
+    xTExtString expanded = *this;
     std::int32_t count = 0;
+    std::int32_t length = GetLength();
     // One by one, each asking anew whether it stands in a comment: a tab inside one becomes comment characters.
-    for (std::int32_t at = m_text.Find(_T('\t')); at >= 0; at = m_text.Find(_T('\t'), at)) {
-        DeleteSubString(at, 1);
-        InsertSubString(at, piece);
+    for (std::int32_t at = m_text.Find(_T('\t')); at >= 0; at = expanded.m_text.Find(_T('\t'), at)) {
+        expanded.DeleteSubString(at, 1);
+        expanded.InsertSubString(at, piece);
+        length += piece.GetLength() - 1;
+        if (expanded.GetLength() != length)
+            return 0;
         ++count;
     }
+    if (count > 0)
+        *this = std::move(expanded);
     return count;
 }
 

@@ -63,7 +63,7 @@ public:
     /// @param text in: the whole line as it will be; out: as it was
     void ReplaceRun(std::int32_t pos, std::int32_t count, CString& text);
     /// @param spaces what each tab becomes; with a tab in it nothing is replaced
-    /// @return how many tabs there were
+    /// @return how many tabs were replaced: all of them, or 0 when there was no memory
     std::int32_t ReplaceTabs(WStrView spaces);
     /// Head and tail of the line, cut to it. The head keeps all flags, the tail only that it holds a comment; neither
     /// has a snapshot number.

@@ -256,6 +256,26 @@ TEST_F(Failures, ABlockThatWasChangedCanBeUndoneWhereverMemoryHasFailed)
     }
 }
 
+// A tab for whose blanks there is no memory stays a tab, and the text behind it still comes in.
+TEST_F(Failures, TabsThatCannotBecomeBlanksStayAndAreUndone)
+{
+    tabs.m_keepTabs = false;
+    const CString inserted = S("12\n3\t4\n5\t");
+    for (int n = 0, failures = 1; failures > 0; ++n) {
+        stack.clear_undo();
+        given("ab|cd");
+        {
+            const xTFailingNew failing(n);
+            stack.add_block(inserted, xTPos::none, xTPos::none, false);
+            failures = xTFailingNew::Failures();
+        }
+        stack.undo();
+        std::string left = text();  // a break that was half done may stay, but no character is lost or left
+        std::erase(left, '\n');
+        EXPECT_EQ(left, "abcd") << n;
+    }
+}
+
 TEST_F(Failures, AFailedEditIsKeptAsAStep)
 {
     given("[ab]|");

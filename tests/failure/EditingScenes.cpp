@@ -47,12 +47,12 @@ std::int64_t DragOut(Stage& s)
     return 0;
 }
 
-/// Picks the selection up, and lets the target of the control drop it while the drag is on.
+/// Picks the selection up and lets go of it over the control itself.
 std::int64_t MoveWithin(Stage& s)
 {
-    SendMouse(s.control, WM_LBUTTONDOWN, At(0, 2));
-    s.Drop(L"bc", MK_LBUTTON, At(0, 0));
-    return 0;
+    s.dragEnds = DROPEFFECT_MOVE;
+    s.dragEndsAt = POINT{1, 1};
+    return DragOut(s);
 }
 
 std::int64_t Times(Stage& s, int command, int count)
@@ -72,7 +72,7 @@ const Scene scenes[] = {
     {"TypeOverASelection", L"a[b\nc]|d", nullptr, [](Stage& s) { s.Type(L"x"); return std::int64_t{0}; }, 0, S::halfWay, 1},
     {"Backspace", L"ab|c", nullptr, [](Stage& s) { s.Type(L"\b"); return std::int64_t{0}; }, 0, S::halfWay, 2},
     {"BackspaceJoins", L"ab\n|cd", nullptr, [](Stage& s) { s.Type(L"\b"); return std::int64_t{0}; }, 0, S::halfWay, 2},
-    {"BackspaceAtTheStart", L"|ab", nullptr, [](Stage& s) { s.Type(L"\b"); return std::int64_t{0}; }, 0, S::nothing, 8},
+    {"BackspaceAtTheStart", L"|ab", [](Stage& s) { s.Type(L"x"); s.Command(ED_COMMAND_UNDO); }, [](Stage& s) { s.Type(L"\b"); return std::int64_t{0}; }, 0, S::nothing, 8},
     {"Enter", L"    ab|  c\nd", nullptr, [](Stage& s) { s.Type(L"\r"); return std::int64_t{0}; }, 0, S::halfWay, 3},
     {"Delete", L"a|b\nc", nullptr, [](Stage& s) { return Press(s, VK_DELETE); }, 0, S::halfWay, 4},
     {"DeleteTheSelection", Selected(40, L"body /* "), nullptr, [](Stage& s) { return Press(s, VK_DELETE); }, 0, S::halfWay, 4},
@@ -84,23 +84,23 @@ const Scene scenes[] = {
      [](Stage& s) { return std::int64_t{edExecCommand(s.control, ED_COMMAND_PASTE)}; }, 0, S::halfWay, 6},
     {"PasteOverASelection", L"a[bcd]|ef", [](Stage& s) { s.Command(ED_COMMAND_COPY); },
      [](Stage& s) { return std::int64_t{edExecCommand(s.control, ED_COMMAND_PASTE)}; }, 0, S::halfWay, 6},
-    {"DropText", L"ab|cd\nef", nullptr, [](Stage& s) { return s.Drop(L"1\r\n2\r\n3", MK_CONTROL, At(0, 1)); }, 0,
+    {"DropText", L"ab|cd\nef", nullptr, [](Stage& s) { return s.Drop(L"1\r\n2\r\n3", MK_CONTROL, {1, 0}); }, 0,
      S::halfWay, 7},
-    {"DropFiles", L"ab|cd\nef", nullptr, [](Stage& s) { return s.Drop(L"", MK_CONTROL, At(0, 1), true); }, 0, S::halfWay, 7},
-    {"MoveWithin", L"a[bc]|d\nef", nullptr, MoveWithin, 0, S::halfWay, 7},
+    {"DropFiles", L"ab|cd\nef", nullptr, [](Stage& s) { return s.Drop(L"", MK_CONTROL, {1, 0}, true); }, 0, S::halfWay, 7},
+    {"MoveWithin", L"a[bc]|d\nef", nullptr, MoveWithin, 0, S::halfWay | S::quiet, 7},
     {"Replace", L"[ab]| ab /* ab", [](Stage& s) { OpenReplace(s, L"ab", L"xyz"); },
      [](Stage& s) { s.PressInDialog(buttonReplace); return std::int64_t{0}; }, 0, S::halfWay, 9},
-    {"ReplaceAll", L"|" + Selected(40, L"ab cab ").substr(7), [](Stage& s) { OpenReplace(s, L"ab", L"wxyz"); },
+    {"ReplaceAll", L"|" + Selected(60, L"ab cab ").substr(7), [](Stage& s) { OpenReplace(s, L"ab", L"wxyz"); },
      [](Stage& s) { s.PressInDialog(buttonReplaceAll); return std::int64_t{0}; }, 0, S::halfWay, 10},
     {"ReplaceAllOfNothing", L"|one\ntwo", [](Stage& s) { OpenReplace(s, L"absent", L"x"); },
      [](Stage& s) { s.PressInDialog(buttonReplaceAll); return std::int64_t{0}; }, 0, S::nothing, 10},
-    {"ChangeCase", Selected(40, L"Body /* x */ "), nullptr, [](Stage& s) { return Press(s, 'U', keys::ctrl); }, 0,
+    {"ChangeCase", Selected(60, L"Body /* x */ "), nullptr, [](Stage& s) { return Press(s, 'U', keys::ctrl); }, 0,
      S::halfWay, 11},
     {"SwitchLayout", Selected(10, L"Body "), nullptr, [](Stage& s) { return Press(s, 'L', keys::ctrl); }, 0, S::halfWay, 12},
-    {"Unindent", Selected(40, L"\tBody "), nullptr, [](Stage& s) { return Press(s, VK_TAB, keys::shift); }, 0, S::halfWay | S::quiet, 13},
-    {"Indent", Selected(40, L"Body "), nullptr, [](Stage& s) { return Press(s, VK_TAB); }, 0, S::halfWay, 14},
-    {"Comment", Selected(40, L"Body "), nullptr, [](Stage& s) { return Press(s, VK_DIVIDE, keys::ctrl); }, 0, S::halfWay, 15},
-    {"Uncomment", Selected(40, L"//Body "), nullptr,
+    {"Unindent", Selected(60, L"\tBody "), nullptr, [](Stage& s) { return Press(s, VK_TAB, keys::shift); }, 0, S::halfWay | S::quiet, 13},
+    {"Indent", Selected(60, L"Body "), nullptr, [](Stage& s) { return Press(s, VK_TAB); }, 0, S::halfWay, 14},
+    {"Comment", Selected(60, L"Body "), nullptr, [](Stage& s) { return Press(s, VK_DIVIDE, keys::ctrl); }, 0, S::halfWay, 15},
+    {"Uncomment", Selected(60, L"//Body "), nullptr,
      [](Stage& s) { return Press(s, VK_DIVIDE, keys::ctrl | keys::shift); }, 0, S::halfWay | S::quiet, 16},
     {"UndoADeletion", Selected(40, L"body "), [](Stage& s) { Press(s, VK_DELETE); },
      [](Stage& s) { return Times(s, ED_COMMAND_UNDO, 1); }, 0, S::halfWay | S::keepsStep, 4},

@@ -174,8 +174,8 @@ const Scene scenes[] = {
      S::newText},
     {"SaveText", Lines(30), nullptr,
      [](Stage& s) {
-         wchar_t buffer[4000];
-         return std::int64_t{edSaveText(s.control, buffer)};
+         std::vector<wchar_t> buffer(1 << 15);
+         return std::int64_t{edSaveText(s.control, buffer.data())};
      }},
     {"LineCount", Lines(9), nullptr, [](Stage& s) { return std::int64_t{edGetLineCount(s.control)}; }},
     {"GetALine", Lines(9), nullptr, [](Stage& s) { return GetLine(s, 3, 0); }},
@@ -184,7 +184,7 @@ const Scene scenes[] = {
      S::halfWay, 7},
     {"InsertTextOverASelection", L"a[b\nc]|d", nullptr,
      [](Stage& s) { return std::int64_t{edInsertText(s.control, L"1\n2")}; }, 0, S::halfWay, 7},
-    {"CopyData", L"a|b", MakeOther, [](Stage& s) { return std::int64_t{edCopyData(s.other, s.control)}; }, 0, S::newText},
+    {"CopyData", L"a|b", MakeOther, [](Stage& s) { return std::int64_t{edCopyData(s.other, s.control)}; }, 0, S::newText | S::fresh},
     {"SetTheCaret", Lines(60), nullptr,
      [](Stage& s) { edSetCaretPosition(s.control, 40, 3); return std::int64_t{0}; }},
     {"SetTheCaretAndSelect", Lines(60), nullptr,
@@ -205,13 +205,13 @@ const Scene scenes[] = {
      [](Stage& s) { s.Page(&edCreateFontTuneDialog, 0); return std::int64_t{s.pages[0] != nullptr}; }},
     {"HighlightPage", L"|a", nullptr,
      [](Stage& s) { s.Page(&edCreateHighlightTuneDialog, 1); return std::int64_t{s.pages[1] != nullptr}; }},
-    {"ApplyTuning", L"|a", [](Stage& s) { s.Page(&edCreateFontTuneDialog, 0); }, ApplyTuning},
+    {"ApplyTuning", L"|a", [](Stage& s) { s.Page(&edCreateFontTuneDialog, 0); }, ApplyTuning, 0, S::fresh},
     {"ReloadSettings", Lines(9), nullptr,
      [](Stage& s) {
          const edSettingsBlock block{s.settings.data(), static_cast<UINT32>(s.settings.size())};
          edReloadTuneSettings(s.control, &block);
          return std::int64_t{0};
-     }},
+     }, 0, S::fresh},
     {"PreparePrinting", Lines(40), MakePaper, [](Stage& s) { return Prepare(s, 1); }, 0, S::sum},
     {"PrepareToPrintTheSelection", L"a[b\nc]|d", MakePaper, [](Stage& s) { return Prepare(s, 0); }},
     {"PrintAPage", Lines(40), [](Stage& s) { MakePaper(s); Prepare(s, 1); }, PrintFirst},

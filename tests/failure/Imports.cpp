@@ -70,15 +70,17 @@ void Write(void** slot, void* value)
     ::VirtualProtect(slot, sizeof *slot, old, &old);
 }
 
-/// Calls `each(name, slot)` for every import by name.
+/// Calls `each(name, slot)` for every import by name, of one module or, where `wanted` is null, of all.
 template <typename Each>
-void ForEachImport(HMODULE module, Each each)
+void ForEachImport(HMODULE module, const char* wanted, Each each)
 {
     auto* base = reinterpret_cast<unsigned char*>(module);
     const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
     const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
     const auto& place = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
     for (const auto* from = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + place.VirtualAddress); from->Name; ++from) {
+        if (wanted && ::lstrcmpiA(reinterpret_cast<const char*>(base + from->Name), wanted) != 0)
+            continue;
         const auto* names = reinterpret_cast<const ULONGLONG*>(base + from->OriginalFirstThunk);
         auto** slots = reinterpret_cast<void**>(base + from->FirstThunk);
         for (; *names; ++names, ++slots)
@@ -89,14 +91,14 @@ void ForEachImport(HMODULE module, Each each)
 
 }  // namespace
 
-Imports::Imports(HMODULE module)
+Imports::Imports(HMODULE module, const char* from)
 {
     std::size_t count = 0;
-    ForEachImport(module, [&](const char*, void**) { ++count; });
+    ForEachImport(module, from, [&](const char*, void**) { ++count; });
     m_code = static_cast<unsigned char*>(
         ::VirtualAlloc(nullptr, count * thunkBytes, MEM_RESERVE | MEM_COMMIT, PAGE_EXECUTE_READWRITE));
     unsigned char* code = m_code;
-    ForEachImport(module, [&](const char* name, void** slot) {
+    ForEachImport(module, from, [&](const char* name, void** slot) {
         Watch(name, slot, code);
         code += thunkBytes;
     });

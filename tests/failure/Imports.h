@@ -22,7 +22,8 @@ struct Import {
 /// built for it: it works for the library just as its users get it.
 class Imports {
 public:
-    explicit Imports(HMODULE module);
+    /// @param from  only what it has from this module; null: from all
+    explicit Imports(HMODULE module, const char* from = nullptr);
     Imports(const Imports&) = delete;
     Imports& operator=(const Imports&) = delete;
     ~Imports();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/failure/Fault.h"
-#include "tests/failure/Scenes.h"
+#include "tests/failure/States.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <vector>
 
 /// Plays a scene with a failure at one point after the other, and looks at what is left after each.
-class SceneTest : public testing::TestWithParam<Scene> {
+class SceneTest : public testing::TestWithParam<Play> {
 protected:
     /// What a scene leaves when nothing fails, and how it began.
     struct Course {
@@ -28,9 +28,11 @@ protected:
     static void SetUpTestSuite();
     static void TearDownTestSuite();
 
+    [[nodiscard]] static const Scene& TheScene() { return GetParam().scene; }
     [[nodiscard]] Course PlayWell();
     /// @param mustReport  true: what was not done is on record, once when the failure came once
-    void PlayFailing(Course& course, const Import* function, int n, Fault::HowLong howLong, bool mustReport);
+    /// @return false when so many calls are not made, and nothing failed
+    bool PlayFailing(Course& course, const Import* function, int n, Fault::HowLong howLong, bool mustReport);
 
     /// Of `all` points, every how manieth is played: all of them in the full run.
     [[nodiscard]] static int StepFor(int all, int mostInASlice);
@@ -40,12 +42,13 @@ protected:
     inline static int inexact = 0;  ///< of them, those that undo did not lead back from exactly
 
 private:
-    void Prepare(Course& course);
+    void Prepare(Course& course, bool anew);
     void Look(const Course& course, std::int64_t answer, Fault::HowLong howLong, bool mustReport);
     void LookAtAnswer(const Course& course, std::int64_t answer);
     void LookAtRecords(bool allDone, bool refused, Fault::HowLong howLong, bool mustReport);
     void LookAtText(const Course& course, const std::wstring& text);
     void LookAtFile(const Course& course);
-    void UndoAll(const Course& course, const std::wstring& text);
+    std::wstring Undo();
+    void LookAtUndo(const Course& course, const std::wstring& text);
     void GoOnWorking();
 };

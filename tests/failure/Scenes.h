@@ -19,10 +19,11 @@ struct Scene {
         sum = 16,       ///< the answers of several calls are added up, each of which may fail
         quiet = 32,     ///< a lack of memory is swallowed without a report: required of the strings of lines
         keepsStep = 64, ///< an undo or a redo that failed has moved its step all the same: required
+        fresh = 128,    ///< each point has a control of its own, since the scene changes more of it than its text
     };
 
     const char* name;
-    std::wstring text;              ///< as Give() takes it
+    std::wstring text;              ///< as GivenMarked() takes it
     void (*prepare)(Stage& stage);  ///< null: nothing
     std::int64_t (*act)(Stage& stage);
     std::int64_t afterAFault = 0;   ///< what it answers then, as documented

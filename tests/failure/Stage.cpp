@@ -1,6 +1,7 @@
 #include "tests/failure/Stage.h"
 
 #include "tests/failure/Fault.h"
+#include "tests/failure/States.h"
 #include "tests/support/SettingsBytes.h"
 #include "tests/support/win/MarkedControl.h"
 #include "tests/support/win/Pointer.h"
@@ -31,6 +32,10 @@ Stage::Stage() : hook{&Stage::Classify, this}
     ::OleInitialize(nullptr);
     file = folder.file("text.txt");
     settings = xTSettingsBytes::Golden().bytes();
+    xTSettingsBytes other = xTSettingsBytes::Golden();
+    constexpr std::size_t tailBytes = 5;
+    other.bytes().resize(other.bytes().size() - tailBytes);
+    otherSettings = other.Tail(false, 7).bytes();
     library.Redirect("ChooseFontW", Address(&Stage::ChooseFont));
     library.Redirect("MessageBoxW", Address(&Stage::MessageBox));
     library.Redirect("DoDragDrop", Address(&Stage::Drag));
@@ -48,39 +53,89 @@ Stage::~Stage()
 
 void Stage::Begin(const std::wstring& marked)
 {
+    Begin(marked, States().front(), true);
+}
+
+void Stage::Begin(const std::wstring& marked, const State& state, bool anew)
+{
     boxes = 0;
     dragEnds = DROPEFFECT_NONE;
-    edCreateParams params{};
-    const edSettingsBlock block{settings.data(), static_cast<UINT32>(settings.size())};
-    params.settings = &block;
-    params.highlightHook = &hook;
-    control = host.Create(params);
-    GivenMarked(control, marked);  // while it is hidden: it paints itself once for all
+    dragEndsAt.reset();
+    const bool goesOn = !anew && m_state == &state && edGetHWND(control);
+    if (goesOn)
+        CloseWhatIsOpen();
+    else
+        Make(state);
+    std::wstring text = marked;
+    for (int i = 0; i < state.linesBehind; ++i)
+        text += i % 5 == 3 ? L"\nfurther /* down" : i % 5 == 4 ? L"\na remark */ ends" : L"\nfurther down";
+    if (goesOn)
+        Send(WM_SETREDRAW, FALSE);
+    GivenMarked(control, text);  // while it is hidden: it paints itself once for all
+    if (goesOn)
+        Send(WM_SETREDRAW, TRUE);
+    if (goesOn && !edGetMode(control, ED_MODE_INSERT))
+        Command(ED_COMMAND_TOGGLE_OVERWRITE);
     ::ShowWindow(control, SW_SHOW);
     ::SetFocus(control);
-    ::UpdateWindow(control);
-    std::filesystem::remove(folder.path() / logName);
+    Repaint();
+    if (state.enter)
+        state.enter(*this);
+}
+
+void Stage::Make(const State& state)
+{
+    End();
+    m_state = &state;
+    edCreateParams params{};
+    const edSettingsBlock block = SettingsOf(state);
+    params.settings = &block;
+    params.flags = state.flags;
+    params.highlightHook = state.hooked ? &hook : nullptr;
+    control = host.Create(params);
+}
+
+edSettingsBlock Stage::SettingsOf(const State& state) const noexcept
+{
+    const std::vector<unsigned char>& bytes = state.spacesForTabs ? otherSettings : settings;
+    return {const_cast<unsigned char*>(bytes.data()), static_cast<UINT32>(bytes.size())};
+}
+
+// What a run has left beside its control.
+void Stage::CloseWhatIsOpen()
+{
+    if (!m_state || !m_state->keepsDialogs) {
+        for (HWND& page : pages) {
+            if (::IsWindow(page))
+                ::DestroyWindow(page);
+            page = nullptr;
+        }
+        if (FindDialog())
+            PressInDialog(IDCANCEL);
+    }
+    edDestroyCtrl(other);
+    if (::IsWindow(other))
+        ::DestroyWindow(other);
+    other = nullptr;
+    if (paper)
+        ::DeleteEnhMetaFile(::CloseEnhMetaFile(std::exchange(paper, nullptr)));
+    if (::IsWindow(control))
+        SendMouse(control, WM_LBUTTONUP, At(0, 0), 0);  // the user lets go of the button
+    ::ReleaseCapture();
+    ::CloseClipboard();
+    host.Forget();
 }
 
 void Stage::End()
 {
-    for (HWND& page : pages) {
-        if (::IsWindow(page))
-            ::DestroyWindow(page);
-        page = nullptr;
-    }
+    m_state = nullptr;
+    CloseWhatIsOpen();
     if (const HWND dialog = FindDialog())
         ::DestroyWindow(dialog);
-    for (HWND* made : {&other, &control}) {
-        edDestroyCtrl(*made);
-        if (::IsWindow(*made))
-            ::DestroyWindow(*made);
-        *made = nullptr;
-    }
-    if (paper)
-        ::DeleteEnhMetaFile(::CloseEnhMetaFile(std::exchange(paper, nullptr)));
-    ::CloseClipboard();
-    host.Forget();
+    edDestroyCtrl(control);
+    if (::IsWindow(control))
+        ::DestroyWindow(control);
+    control = nullptr;
     MSG message;
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
         ::DispatchMessageW(&message);
@@ -102,6 +157,8 @@ void Stage::Page(decltype(&edCreateFontTuneDialog) create, int which)
 {
     const edSettingsBlock block{settings.data(), static_cast<UINT32>(settings.size())};
     const RECT place{0, 0, 380, 190};
+    if (::IsWindow(pages[which]))
+        ::DestroyWindow(pages[which]);
     pages[which] = create(host.Window(), &place, &block, &hook);
 }
 
@@ -133,24 +190,29 @@ void Stage::SetFindTexts(const wchar_t* find, const wchar_t* replacement) const
 
 std::int64_t Stage::Drop(const wchar_t* text, DWORD keys, POINT at, bool files) const
 {
-    const xTComPtr<IDropTarget> target = TargetOf(control);
-    if (!target)
-        return DROPEFFECT_NONE;
     const xTComPtr<DragData> data(new DragData);
     if (files)
         data->PutFiles({L"C:\\one.txt", L"C:\\two.txt"});
     else
         data->PutText(text);
+    return Drop(data.get(), keys, at);
+}
+
+std::int64_t Stage::Drop(IDataObject* data, DWORD keys, POINT at) const
+{
+    const xTComPtr<IDropTarget> target = TargetOf(control);
+    if (!target)
+        return DROPEFFECT_NONE;
     POINT screen = At(at.y, at.x);
     ::ClientToScreen(control, &screen);
     const POINTL point{screen.x, screen.y};
     const DWORD both = DROPEFFECT_COPY | DROPEFFECT_MOVE;
     DWORD effect = both;
-    target->DragEnter(data.get(), keys, point, &effect);
+    target->DragEnter(data, keys, point, &effect);
     effect = both;
     target->DragOver(keys, point, &effect);
     effect = both;
-    target->Drop(data.get(), keys, point, &effect);
+    target->Drop(data, keys, point, &effect);
     return effect;
 }
 
@@ -161,6 +223,12 @@ std::vector<std::string> Stage::Records() const
     for (std::string line; std::getline(log, line);)
         lines.push_back(line);
     return lines;
+}
+
+void Stage::ForgetRecords() const
+{
+    std::error_code ignored;
+    std::filesystem::remove(folder.path() / logName, ignored);
 }
 
 void Stage::Classify(void*, wchar_t* text, int)
@@ -191,6 +259,8 @@ int WINAPI Stage::MessageBox(HWND, const wchar_t*, const wchar_t*, UINT)
 HRESULT WINAPI Stage::Drag(IDataObject* data, IDropSource*, DWORD, DWORD* effect)
 {
     static_cast<void>(UnicodeBlockOf(data));
+    if (playing->dragEndsAt)
+        playing->Drop(data, MK_LBUTTON, *playing->dragEndsAt);
     *effect = playing->dragEnds;
     return *effect == DROPEFFECT_NONE ? DRAGDROP_S_CANCEL : DRAGDROP_S_DROP;
 }
