@@ -71,7 +71,9 @@ void CEditorCtrl::UpdateNow()
 {
     if (CannotPaintNow() || !m_hWnd)
         return;
-    if (m_later == xTLater::nothing)
+    // The paint of an empty line takes a selection away that has only one bound yet. It is required, and it cannot wait.
+    const bool waits = !m_store || (m_store->selection.first == xTPos::none) == (m_store->selection.last == xTPos::none);
+    if (m_later == xTLater::nothing || (m_later == xTLater::paints && !waits))
         ::UpdateWindow(m_hWnd);
     else if (m_later == xTLater::paints && m_shown)
         PlaceCaretImage();
