@@ -270,7 +270,7 @@ TEST_F(Failures, TabsThatCannotBecomeBlanksStayAndAreUndone)
             failures = xTFailingNew::Failures();
         }
         stack.undo();
-        std::string left = text();  // a break that was half done may stay, but no character is lost or left
+        std::string left = text();  // undo leaves the break that an insertion ends with, whatever the memory: required
         std::erase(left, '\n');
         EXPECT_EQ(left, "abcd") << n;
     }
